@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+// The EMV tag-name table behind Tag::tagName, open to the tests.
+namespace vastrel::tagnames {
+
+struct TagNameEntry {
+    std::string_view tag;  // uppercase hex of the tag bytes, "9F34"
+    std::string_view name;
+};
+
+// Every entry, sorted by tag text; no tag appears twice.
+std::span<const TagNameEntry> allEntries();
+
+// The name listed for exactly this tag text (case-sensitive), or absent.
+std::optional<std::string_view> findName(std::string_view tag);
+
+}  // namespace vastrel::tagnames
