@@ -1,0 +1,70 @@
+#include "vastrel/Tags/EMVTagHelper.hpp"
+
+#include <array>
+#include <cstdint>
+
+#include "vastrel/Codec/TLVUtility.hpp"
+
+namespace vastrel {
+namespace {
+
+// The tags below are fixed, well-formed hex, so a tag is always read from them.
+Tag fixedTag(std::string_view hex) { return EMVTagHelper::berTagFromInt(hex).value(); }
+
+struct CvmCodeMethod {
+    std::string_view code;
+    std::uint64_t method;
+};
+
+// Tested in this order, first match wins. The point-of-sale layer reads these values as
+// they are, including where they differ from the receipt's reading: the apply-next form
+// counts for 02, 05, 1E and 1F but not for 01 (41 gives 0), and 03 is not listed (0).
+constexpr std::array<CvmCodeMethod, 12> kMethodsByCode = {{
+    {"3F", 9},  // no CVM performed
+    {"7F", 9},
+    {"00", 0},  // failed CVM processing
+    {"1F", 0},  // no CVM required
+    {"5F", 0},
+    {"01", 2},  // plaintext PIN verified by the card
+    {"02", 1},  // enciphered PIN verified online
+    {"42", 1},
+    {"05", 4},  // enciphered PIN by the card and signature
+    {"45", 4},
+    {"1E", 4},  // signature
+    {"5E", 4},
+}};
+
+constexpr std::uint64_t kNothingToDecode = 9;
+constexpr std::uint64_t kUnrecognised = 0;
+
+}  // namespace
+
+std::optional<Tag> EMVTagHelper::berTagFromInt(std::string_view tlv) {
+    return TLVUtility::tagFromTLVString(tlv);
+}
+
+Tag EMVTagHelper::applicationIdentifier() { return fixedTag("4F"); }
+Tag EMVTagHelper::applicationLabel() { return fixedTag("50"); }
+Tag EMVTagHelper::applicationPrefName() { return fixedTag("9F12"); }
+Tag EMVTagHelper::bankIdentifier() { return fixedTag("5F54"); }
+Tag EMVTagHelper::cryptogram() { return fixedTag("9F27"); }
+Tag EMVTagHelper::emvChipIndicator() { return fixedTag("9F6E"); }
+Tag EMVTagHelper::merchantIdentifier() { return fixedTag("9F16"); }
+Tag EMVTagHelper::cardholderVerificationMethod() { return fixedTag("9F34"); }
+Tag EMVTagHelper::terminalIdentifier() { return fixedTag("9F1C"); }
+Tag EMVTagHelper::terminalVerificationResults() { return fixedTag("95"); }
+Tag EMVTagHelper::transactionStatusInformation() { return fixedTag("9B"); }
+Tag EMVTagHelper::cardHolderName() { return fixedTag("5F20"); }
+
+CardholderAuthenticationMethod EMVTagHelper::cardholderAuthenticationMethodfromTlv(
+    std::optional<std::string_view> value) {
+    if (!value || value->empty()) return CardholderAuthenticationMethod{kNothingToDecode};
+    // Neither upper-cased nor checked for even length; a single character matches nothing.
+    const std::string_view code = value->size() >= 2 ? value->substr(0, 2) : std::string_view{};
+    for (const CvmCodeMethod& row : kMethodsByCode) {
+        if (row.code == code) return CardholderAuthenticationMethod{row.method};
+    }
+    return CardholderAuthenticationMethod{kUnrecognised};
+}
+
+}  // namespace vastrel
