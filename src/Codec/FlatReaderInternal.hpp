@@ -1,0 +1,86 @@
+#pragma once
+
+// The flat reader shared by TLVParser::splitTLVData, TLVUtility::tagValueFromTLV and
+// TLVUtility::tagFromTLVString: tags of any length, short-form lengths only. The nested
+// decoder (TLVDecoder) has different limits and keeps its own reader.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "vastrel/Codec/BerLength.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
+#include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Platform/Log.hpp"
+#include "vastrel/Platform/RangeError.hpp"
+
+namespace vastrel::codec {
+
+// The number of tag bytes at the front of data: 1 when the first byte's identifier is
+// below 31, otherwise through the first following byte with bit 0x80 clear. Absent when
+// data is empty or ends inside the tag.
+inline std::optional<std::size_t> flatTagLength(std::span<const std::uint8_t> data) {
+    if (data.empty()) return std::nullopt;
+    if (Tag::tagIdentifier(data[0], true) < 31) return 1;
+    for (std::size_t i = 1; i < data.size(); ++i) {
+        if (Tag::tagIdentifierIsLastByte(data[i])) return i + 1;
+    }
+    return std::nullopt;
+}
+
+// One complete short-form element: its whole encoding and its value bytes.
+struct FlatElement {
+    std::span<const std::uint8_t> encoding;
+    std::span<const std::uint8_t> value;
+};
+
+// Calls visit(FlatElement) for each complete element at the front of data, in order.
+// Stops silently at a tail that ends inside a tag or before its length byte. Stops with
+// the log line "unimplemented" at a length byte 80, or at the byte after a long-form
+// length byte (so a long-form byte that is the last byte stops without a line). Throws
+// RangeError when a value runs past the end of data.
+template <class Visit>
+void forEachFlatElement(std::span<const std::uint8_t> data, Visit&& visit) {
+    std::size_t offset = 0;  // of data within the caller's bytes, for the error message
+    while (!data.empty()) {
+        const std::optional<std::size_t> tagLength = flatTagLength(data);
+        if (!tagLength || *tagLength == data.size()) return;
+        const std::uint8_t lengthByte = data[*tagLength];
+        const std::span<const std::uint8_t> rest = data.subspan(*tagLength + 1);
+        switch (BerLength::getTagLengthType(lengthByte)) {
+            case 2:
+                log::write("unimplemented");
+                return;
+            case 1:
+                if (!rest.empty()) log::write("unimplemented");
+                return;
+            default:
+                break;
+        }
+        if (lengthByte > rest.size()) {
+            throw RangeError("TLV value of " + std::to_string(lengthByte) + " bytes at offset " +
+                             std::to_string(offset + *tagLength + 1) + " runs past the end of " +
+                             std::to_string(offset + data.size()) + " bytes");
+        }
+        const std::size_t size = *tagLength + 1 + lengthByte;
+        visit(FlatElement{data.first(size), rest.first(lengthByte)});
+        data = data.subspan(size);
+        offset += size;
+    }
+}
+
+// True when the tag bytes that TLVUtility::tagFromTLVString reads from tlv equal the front
+// of pattern over the tag's own length; so true for no tag bytes at all.
+inline bool tagIsPrefixOf(std::string_view tlv, std::span<const std::uint8_t> pattern) {
+    const std::optional<Tag> tag = TLVUtility::tagFromTLVString(tlv);
+    if (!tag) return true;
+    const Bytes& bytes = tag->value();
+    return bytes.size() <= pattern.size() &&
+           std::equal(bytes.begin(), bytes.end(), pattern.begin());
+}
+
+}  // namespace vastrel::codec

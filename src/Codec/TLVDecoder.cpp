@@ -1,0 +1,277 @@
+#include "vastrel/Codec/TLVDecoder.hpp"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "HexInternal.hpp"
+#include "vastrel/Codec/BerLength.hpp"
+#include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Platform/Log.hpp"
+
+namespace vastrel {
+namespace {
+
+// One tag's entry in a level's log summary.
+struct SummaryEntry {
+    std::string name;
+    std::int32_t length = 0;
+    std::string value;
+};
+
+// Keyed by tag text; sorted, so the logged line does not depend on input order.
+using Summary = std::map<std::string, SummaryEntry, std::less<>>;
+
+// Appends text as the platform's dictionary description writes a string: bare when it is
+// made of letters, digits and _$/:.- only, otherwise quoted with " and \ escaped.
+void appendDescriptionString(std::string& out, std::string_view text) {
+    const auto isBare = [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+               std::strchr("_$/:.-", c) != nullptr;
+    };
+    if (!text.empty() && std::all_of(text.begin(), text.end(), isBare)) {
+        out += text;
+        return;
+    }
+    out += '"';
+    for (const char c : text) {
+        if (c == '"' || c == '\\') out += '\\';
+        if (c == '\n') {
+            out += "\\n";
+        } else {
+            out += c;
+        }
+    }
+    out += '"';
+}
+
+// The summary as a dictionary description, e.g.
+//   {
+//       9F02 =     {
+//           length = 6;
+//           name = "Amount, Authorised (Numeric)";
+//           value = 000000001000;
+//       };
+//   }
+std::string describeSummary(const Summary& summary) {
+    std::string out = "{\n";
+    for (const auto& [tag, entry] : summary) {
+        out += "    ";
+        appendDescriptionString(out, tag);
+        out += " =     {\n        length = ";
+        out += std::to_string(entry.length);
+        out += ";\n        name = ";
+        appendDescriptionString(out, entry.name);
+        out += ";\n        value = ";
+        appendDescriptionString(out, entry.value);
+        out += ";\n    };\n";
+    }
+    out += '}';
+    return out;
+}
+
+// The byte numbers as "%02lX" writes each one: two uppercase digits for 0 to 255, more for
+// larger numbers, and a negative number as its 64-bit two's complement.
+std::string hexOfByteNumbers(std::span<const std::int32_t> bytes) {
+    std::string out(2 * bytes.size(), '\0');
+    const char* pairs = codec::kHexPairs<true>.data();
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto b = static_cast<std::uint32_t>(bytes[i]);
+        if (b > 0xFF) {
+            // Only a caller of decodeTlv that passes numbers outside a byte gets here.
+            out.clear();
+            for (const std::int32_t wide : bytes) {
+                codec::appendHexNumber(out, static_cast<std::uint64_t>(std::int64_t{wide}), 2);
+            }
+            return out;
+        }
+        std::memcpy(out.data() + 2 * i, pairs + 2 * b, 2);
+    }
+    return out;
+}
+
+// One level of nesting being decoded: the bytes of the level, the position of the byte
+// under consideration, and what the level has produced so far.
+struct Level {
+    explicit Level(std::span<const std::int32_t> levelBytes)
+        : bytes(levelBytes), n(static_cast<std::int64_t>(levelBytes.size())) {
+        if (log::enabled()) summary.emplace();
+    }
+
+    std::span<const std::int32_t> bytes;
+    std::int64_t n;
+    std::int64_t p = 0;
+    std::vector<TLVObject> result;
+    std::optional<Summary> summary;  // built only when it will be logged
+    // The constructed element whose value is being decoded one level down.
+    std::optional<TLVObject> pending;
+    std::int32_t pendingLength = 0;
+};
+
+// Completes an element whose value of length bytes starts at level.p: sets its value and
+// children, enters it in the summary and moves level.p past the value.
+void appendWithValue(Level& level, TLVObject element, std::int32_t length,
+                     std::optional<std::vector<TLVObject>> children) {
+    std::string value = hexOfByteNumbers(
+        level.bytes.subspan(static_cast<std::size_t>(level.p), static_cast<std::size_t>(length)));
+    level.p += length;
+    if (level.summary) {
+        level.summary->insert_or_assign(*element.tag(),
+                                        SummaryEntry{*element.tagName(), length, value});
+    }
+    element.setValue(std::move(value));
+    element.setInnerTlvs(std::move(children));
+    level.result.push_back(std::move(element));
+}
+
+// Reads elements of the level from level.p until the level ends (returns nothing) or a
+// constructed element's value has to be decoded one level down (returns that value; the
+// element waits in level.pending).
+std::optional<std::span<const std::int32_t>> readElements(Level& level) {
+    const std::span<const std::int32_t> bytes = level.bytes;
+    const std::int64_t n = level.n;
+    std::int64_t& p = level.p;
+    const auto at = [bytes](std::int64_t i) { return bytes[static_cast<std::size_t>(i)]; };
+
+    while (p < n) {
+        // Tag, at most three bytes; the third byte's continuation bit is not looked at.
+        // A 00 where a tag is due ends the level: that is how zero padding is skipped.
+        const std::int32_t first = at(p);
+        if (!Tag::isValid(first)) return std::nullopt;
+        const bool constructed = Tag::isConstructed(first);
+        const std::int64_t tagStart = p;
+        if (Tag::isMultiByte(first)) {
+            if (++p >= n) return std::nullopt;
+            if (!Tag::isLast(at(p)) && ++p >= n) return std::nullopt;
+        }
+        TLVObject element(hexOfByteNumbers(bytes.subspan(
+            static_cast<std::size_t>(tagStart), static_cast<std::size_t>(p - tagStart + 1))));
+
+        // Length: a short form, or 81 to 84 followed by that many bytes.
+        if (++p >= n) return std::nullopt;
+        const std::int32_t lengthByte = at(p);
+        if (!BerLength::isValid(lengthByte)) {
+            // Kept with length "0"; the bad length byte is read again as the next tag.
+            element.setLength("0");
+            level.result.push_back(std::move(element));
+            continue;
+        }
+        std::int32_t length = lengthByte;
+        if (BerLength::isMultiByte(lengthByte)) {
+            const std::int32_t count = BerLength::getLength(lengthByte);
+            std::uint32_t collected = 0;
+            for (std::int32_t i = 0; i < count; ++i) {
+                if (++p >= n) return std::nullopt;
+                collected |= static_cast<std::uint32_t>(at(p)) << (8 * (count - i - 1));
+            }
+            length = static_cast<std::int32_t>(collected);
+        }
+        element.setLength(std::to_string(length));
+
+        // A length past the end (a negative one too) keeps the element without a value;
+        // the last length byte is read again as the next tag.
+        if (static_cast<std::uint64_t>(std::int64_t{length}) >
+            static_cast<std::uint64_t>(n - 1 - p)) {
+            level.result.push_back(std::move(element));
+            continue;
+        }
+        if (++p >= n) return std::nullopt;  // an empty value after the last byte: dropped
+        if (length > n - 1 - p) {
+            // The value ends at the last byte. This last element of the level is never
+            // expanded nor summarised, even when constructed; callers know it so, keep it.
+            element.setValue(hexOfByteNumbers(bytes.subspan(static_cast<std::size_t>(p))));
+            level.result.push_back(std::move(element));
+            return std::nullopt;
+        }
+        if (constructed && length > 0) {
+            level.pending = std::move(element);
+            level.pendingLength = length;
+            return bytes.subspan(static_cast<std::size_t>(p), static_cast<std::size_t>(length));
+        }
+        appendWithValue(level, std::move(element), length, std::nullopt);
+    }
+    return std::nullopt;
+}
+
+// Whitespace and newline characters as the platform's scanner skips them: the ASCII ones
+// and, in UTF-8, U+0085, U+00A0, U+1680, U+2000 to U+200A, U+2028, U+2029, U+202F, U+205F
+// and U+3000. Returns the character's byte count at the front of text, or 0.
+std::size_t scannerSpaceLength(std::string_view text) {
+    if (text.empty()) return 0;
+    const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    if (codec::isCSpace(at(0))) return 1;
+    if (text.size() >= 2 && at(0) == 0xC2 && (at(1) == 0x85 || at(1) == 0xA0)) return 2;
+    if (text.size() < 3) return 0;
+    const unsigned c0 = at(0), c1 = at(1), c2 = at(2);
+    const bool wide = (c0 == 0xE1 && c1 == 0x9A && c2 == 0x80) ||
+                      (c0 == 0xE2 && c1 == 0x80 &&
+                       ((c2 >= 0x80 && c2 <= 0x8A) || c2 == 0xA8 || c2 == 0xA9 || c2 == 0xAF)) ||
+                      (c0 == 0xE2 && c1 == 0x81 && c2 == 0x9F) ||
+                      (c0 == 0xE3 && c1 == 0x80 && c2 == 0x80);
+    return wide ? 3 : 0;
+}
+
+}  // namespace
+
+std::optional<std::vector<TLVObject>> TLVDecoder::decodeWithTLVString(
+    std::optional<std::string_view> hex) {
+    if (!hex) {
+        log::write("TLV is nil");
+        return std::nullopt;
+    }
+    if (hex->size() % 2 != 0) {
+        log::write("Invalid TLV");
+        return std::nullopt;
+    }
+    std::vector<std::int32_t> bytes(hex->size() / 2);
+    codec::decodeHexPairs(*hex, bytes.data(), [text = *hex](std::size_t pair) {
+        return static_cast<std::int32_t>(hexToInt(text.substr(2 * pair, 2)));
+    });
+    return decodeTlv(bytes);
+}
+
+std::optional<std::vector<TLVObject>> TLVDecoder::decodeTlv(std::span<const std::int32_t> bytes) {
+    if (bytes.empty()) return std::nullopt;
+    // Levels are kept on the heap, not the call stack: the data chooses the nesting depth
+    // (up to one level per three bytes), so deep input cannot exhaust the stack here.
+    std::vector<Level> levels;
+    levels.emplace_back(bytes);
+    for (;;) {
+        if (const auto children = readElements(levels.back())) {
+            levels.emplace_back(*children);
+            continue;
+        }
+        Level& finished = levels.back();
+        if (finished.summary) log::write(describeSummary(*finished.summary));
+        std::vector<TLVObject> result = std::move(finished.result);
+        levels.pop_back();
+        if (levels.empty()) return result;
+        Level& parent = levels.back();
+        TLVObject element = std::move(*parent.pending);
+        parent.pending.reset();
+        appendWithValue(parent, std::move(element), parent.pendingLength, std::move(result));
+    }
+}
+
+std::uint32_t TLVDecoder::hexToInt(std::string_view hex) {
+    while (const std::size_t skip = scannerSpaceLength(hex))
+        hex.remove_prefix(skip);
+    if (hex.size() >= 3 && hex[0] == '0' && (hex[1] == 'x' || hex[1] == 'X') &&
+        codec::isHexDigit(static_cast<unsigned char>(hex[2]))) {
+        hex.remove_prefix(2);
+    }
+    constexpr std::uint64_t kSaturated = 0xFFFFFFFF;
+    std::uint64_t value = 0;
+    for (const char c : hex) {
+        const auto digit = static_cast<unsigned char>(c);
+        if (!codec::isHexDigit(digit)) break;
+        value =
+            std::min(value * 16 + static_cast<std::uint64_t>(codec::nibble(digit)), kSaturated + 1);
+    }
+    return static_cast<std::uint32_t>(std::min(value, kSaturated));
+}
+
+}  // namespace vastrel

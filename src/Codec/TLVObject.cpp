@@ -1,0 +1,59 @@
+#include "vastrel/Codec/TLVObject.hpp"
+
+#include <cstdint>
+#include <limits>
+
+#include "vastrel/Codec/BerLength.hpp"
+#include "vastrel/Codec/Tag.hpp"
+
+namespace vastrel {
+namespace {
+
+// text read as a decimal integer the way the platform's integerValue reads it: leading
+// blanks, an optional sign, then digits up to the first non-digit; 0 without digits,
+// clamped to the 64-bit range.
+std::int64_t integerValue(std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size() && (text[i] == ' ' || (text[i] >= '\t' && text[i] <= '\r')))
+        ++i;
+    bool negative = false;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
+    constexpr std::uint64_t kMaxMagnitude =
+        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + 1;
+    std::uint64_t magnitude = 0;
+    for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
+        magnitude = magnitude * 10 + static_cast<std::uint64_t>(text[i] - '0');
+        if (magnitude > kMaxMagnitude) magnitude = kMaxMagnitude;
+    }
+    if (negative) return static_cast<std::int64_t>(0 - magnitude);
+    return magnitude >= kMaxMagnitude ? std::numeric_limits<std::int64_t>::max()
+                                      : static_cast<std::int64_t>(magnitude);
+}
+
+}  // namespace
+
+TLVObject::TLVObject() : tagName_(""), tag_(""), length_(""), value_("") {}
+
+TLVObject::TLVObject(std::string_view tag) : TLVObject() {
+    tag_ = std::string(tag);
+    tagName_ = Tag::tagName(tag);
+}
+
+std::optional<std::string> TLVObject::generateHexStringFromTLVObject(const TLVObject* object) {
+    if (object == nullptr) return std::nullopt;
+    // The length field comes from the length text, never from the value: callers that set
+    // them apart get what they set.
+    const std::string lengthField =
+        object->length_ ? BerLength::getEncodedLengthHexString(
+                              static_cast<std::uint64_t>(integerValue(*object->length_)))
+                        : std::string("00");
+    std::string out;
+    out.reserve((object->tag_ ? object->tag_->size() : 0) + lengthField.size() +
+                (object->value_ ? object->value_->size() : 0));
+    if (object->tag_) out += *object->tag_;
+    out += lengthField;
+    if (object->value_) out += *object->value_;
+    return out;
+}
+
+}  // namespace vastrel
