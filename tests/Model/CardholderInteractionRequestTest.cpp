@@ -1,0 +1,38 @@
+#include "vastrel/Model/CardholderInteractionRequest.hpp"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace vastrel {
+namespace {
+
+TEST(CardholderInteractionRequestTest, SupportedApplicationIsSharedButFieldsAreCopied) {
+    auto applications = std::make_shared<std::vector<AID>>(1);
+    std::vector<CommercialCardDataField> fields{
+        CommercialCardDataField::CommercialCardDataFieldPurchaseOrderNumber};
+    CardholderInteractionRequest request;
+    request.setSupportedApplication(applications);
+    request.setCommercialCardDataFields(fields);
+
+    applications->emplace_back();
+    applications->front().setLabel("DEBIT");
+    fields.push_back(CommercialCardDataField::CommercialCardDataFieldShipToZip);
+
+    ASSERT_NE(request.supportedApplication(), nullptr);
+    EXPECT_EQ(request.supportedApplication()->size(), 2u);
+    EXPECT_EQ(request.supportedApplication()->front().label(), "DEBIT");
+    EXPECT_EQ(request.commercialCardDataFields()->size(), 1u);
+}
+
+TEST(CardholderInteractionRequestTest, NewRequestIsEmpty) {
+    const CardholderInteractionRequest request;
+    EXPECT_EQ(request.cardholderInteractionType(), CardholderInteractionType{0});
+    EXPECT_EQ(request.supportedApplication(), nullptr);
+    EXPECT_EQ(request.finalTransactionAmount(), std::nullopt);
+    EXPECT_EQ(request.commercialCardDataFields(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace vastrel
