@@ -21,14 +21,5 @@ TEST(AIDConfigurationTest, AidAndActionCodesAreSharedWithTheCaller) {
     EXPECT_EQ(config.terminalActionCodes()->onlineTac(), "FC50BCF800");
 }
 
-TEST(AIDConfigurationTest, NewConfigurationIsEmpty) {
-    const AIDConfiguration config;
-    EXPECT_EQ(config.aid(), nullptr);
-    EXPECT_EQ(config.terminalActionCodes(), nullptr);
-    EXPECT_EQ(config.temrinalCapabilities(), std::nullopt);
-    EXPECT_EQ(config.floorLimit(), 0);
-    EXPECT_EQ(config.priorityIndex(), 0);
-}
-
 }  // namespace
 }  // namespace vastrel

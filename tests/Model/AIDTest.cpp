@@ -28,12 +28,6 @@ TEST(AIDTest, EncodeWritesTheFourFieldsUnderTheirKeysInOrder) {
               R"({"rid":"A000000003","pix":"1010","label":"VISA CREDIT","preferred_name":"Visa"})");
 }
 
-TEST(AIDTest, EncodeWritesAbsentFieldsAsNull) {
-    KeyedArchiver archiver;
-    AID().encodeWithCoder(archiver);
-    EXPECT_EQ(archiver.data(), R"({"rid":null,"pix":null,"label":null,"preferred_name":null})");
-}
-
 TEST(AIDTest, DecodingKeepsNoneOfTheArchivedFields) {
     KeyedArchiver archiver;
     visaCredit().encodeWithCoder(archiver);

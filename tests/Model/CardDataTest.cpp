@@ -107,14 +107,5 @@ TEST(CardDataTest, CopyOfADerivedRecordIsAPlainCardData) {
     EXPECT_EQ(source.copy().ksn(), "FFFF9876543210E00001");
 }
 
-TEST(CardDataTest, NewCardDataIsEmpty) {
-    const CardData card;
-    EXPECT_EQ(card.track2(), std::nullopt);
-    EXPECT_EQ(card.emvTLVData(), std::nullopt);
-    EXPECT_EQ(card.cardholderAddress().has_value(), false);
-    EXPECT_EQ(card.cardDataSourceType(), CardDataSourceType::Msr);
-    EXPECT_EQ(card.cvmResult(), CVMResult::NotAvailable);
-}
-
 }  // namespace
 }  // namespace vastrel

@@ -26,13 +26,5 @@ TEST(CardholderInteractionRequestTest, SupportedApplicationIsSharedButFieldsAreC
     EXPECT_EQ(request.commercialCardDataFields()->size(), 1u);
 }
 
-TEST(CardholderInteractionRequestTest, NewRequestIsEmpty) {
-    const CardholderInteractionRequest request;
-    EXPECT_EQ(request.cardholderInteractionType(), CardholderInteractionType{0});
-    EXPECT_EQ(request.supportedApplication(), nullptr);
-    EXPECT_EQ(request.finalTransactionAmount(), std::nullopt);
-    EXPECT_EQ(request.commercialCardDataFields(), std::nullopt);
-}
-
 }  // namespace
 }  // namespace vastrel

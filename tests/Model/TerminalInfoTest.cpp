@@ -36,13 +36,5 @@ TEST(TerminalInfoTest, CopyHoldsTheSourceValuesAndIgnoresLaterChangesToIt) {
     EXPECT_EQ(copy.terminalType(), TerminalType{42});
 }
 
-TEST(TerminalInfoTest, NewRecordHasAbsentStringsRatherThanEmptyOnes) {
-    const TerminalInfo info;
-    EXPECT_EQ(info.serialNumber(), std::nullopt);
-    EXPECT_EQ(info.terminalName(), std::nullopt);
-    EXPECT_EQ(info.terminalType(), TerminalType::IngenicoRP450C);
-    EXPECT_EQ(info.connectionType(), ConnectionType::AudioJack);
-}
-
 }  // namespace
 }  // namespace vastrel

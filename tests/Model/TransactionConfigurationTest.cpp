@@ -16,14 +16,5 @@ TEST(TransactionConfigurationTest, NewConfigurationHasEveryEntryMethodOffAndUsDe
     EXPECT_EQ(config.defualtCurrencyExponent(), 0u);
 }
 
-TEST(TransactionConfigurationTest, EachFlagIsIndependent) {
-    TransactionConfiguration config;
-    config.setIsContaclessEnabled(true);
-    EXPECT_TRUE(config.isContaclessEnabled());
-    EXPECT_FALSE(config.isMagStripeEnabled());
-    EXPECT_FALSE(config.isChipEnabled());
-    EXPECT_FALSE(config.isManualEntryEnabled());
-}
-
 }  // namespace
 }  // namespace vastrel
