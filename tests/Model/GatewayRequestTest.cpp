@@ -34,32 +34,6 @@ TEST(GatewayRequestTest, CommercialCardDataIsSharedButCardDataIsCopied) {
     EXPECT_EQ(request.cardData()->pan(), "************0004");
 }
 
-TEST(GatewayRequestTest, StoredRecordsIgnoreLaterChangesByTheCaller) {
-    TerminalInfo info;
-    info.setSerialNumber("SN-1");
-    TerminalCapabilities capabilities;
-    capabilities.setTerminalInputCapability(0xE0);
-    Customer customer;
-    customer.setPhone("555-0100");
-    Address address;
-    address.setState("OR");
-
-    GatewayRequest request;
-    request.setTerminalInfo(info);
-    request.setTerminalCapabilities(capabilities);
-    request.setCustomer(customer);
-    request.setCardholderAddress(address);
-    info.setSerialNumber("SN-2");
-    capabilities.setTerminalInputCapability(0);
-    customer.setPhone(std::nullopt);
-    address.setState("WA");
-
-    EXPECT_EQ(request.terminalInfo()->serialNumber(), "SN-1");
-    EXPECT_EQ(request.terminalCapabilities()->terminalInputCapability(), 0xE0u);
-    EXPECT_EQ(request.customer()->phone(), "555-0100");
-    EXPECT_EQ(request.cardholderAddress()->state(), "OR");
-}
-
 TEST(GatewayRequestTest, CvmResultKeepsNegativeValues) {
     for (const std::int64_t value :
          {std::int64_t{-1}, std::numeric_limits<std::int64_t>::min(), std::int64_t{94}}) {

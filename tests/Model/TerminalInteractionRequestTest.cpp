@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 namespace vastrel {
 namespace {
 
@@ -17,14 +14,6 @@ TEST(TerminalInteractionRequestTest, ConstructorStoresTheTypeUncheckedAndNothing
         EXPECT_FALSE(request.cardData().has_value());
         EXPECT_EQ(request.finalAmount(), std::nullopt);
     }
-}
-
-TEST(TerminalInteractionRequestTest, StoredApplicationNamesIgnoreLaterChangesByTheCaller) {
-    std::vector<std::string> names{"VISA CREDIT", "VISA DEBIT"};
-    TerminalInteractionRequest request(TerminalInteractionType::WaitingForApplicationSelection);
-    request.setApplicationNames(names);
-    names.push_back("INTERLINK");
-    EXPECT_EQ(request.applicationNames()->size(), 2u);
 }
 
 }  // namespace

@@ -13,14 +13,5 @@ TEST(TerminalResponseTest, ActionConstructorStoresTheActionAndNothingElse) {
     EXPECT_FALSE(response.cardData().has_value());
 }
 
-TEST(TerminalResponseTest, StoredCardDataIgnoresLaterChangesByTheCaller) {
-    CardData card;
-    card.setTrack2(";4111111111111111=2512?");
-    TerminalResponse response;
-    response.setCardData(card);
-    card.setTrack2(std::nullopt);
-    EXPECT_EQ(response.cardData()->track2(), ";4111111111111111=2512?");
-}
-
 }  // namespace
 }  // namespace vastrel
