@@ -1,0 +1,184 @@
+#include "vastrel/Codec/TLVDecoder.hpp"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <limits>
+
+#include "CodecTestSupport.hpp"
+
+namespace vastrel {
+namespace {
+
+using testing::LogCapture;
+using testing::render;
+using Lines = std::vector<std::string>;
+
+TEST(TLVDecoderTest, HexToIntScansLikeScanHexInt) {
+    struct Case {
+        const char* text;
+        std::uint32_t expected;
+    };
+    const Case cases[] = {
+        {"9F", 159},
+        {"0x1A", 26},
+        {"", 0},
+        {" \t\n0X1a", 26},
+        {"1G", 1},
+        {"G1", 0},
+        {"-1", 0},
+        {"0x", 0},
+        {"0xG", 0},
+        {"FFFFFFFF", 0xFFFFFFFF},
+        {"100000000", 0xFFFFFFFF},
+        {"000000000001", 1},
+        {"\u00A01A", 26},  // no-break space
+        {"\u30007", 7},    // ideographic space
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(TLVDecoder::hexToInt(c.text), c.expected);
+    }
+}
+
+TEST(TLVDecoderTest, DecodesElementsAndMalformedShapes) {
+    struct Case {
+        const char* hex;
+        Lines elements;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"9F02060000000010005F2A020840", {"9F02:6:000000001000", "5F2A:2:0840"}, "two elements"},
+        {"700A5A0811111111111111119F0100",
+         {"70:10:5A081111111111111111{5A:8:1111111111111111}"},
+         "constructed and not last: expanded; zero-length last element dropped"},
+        {"70035A0111", {"70:3:5A0111"}, "the last element is never expanded"},
+        {"5A0112005A0111", {"5A:1:12"}, "00 where a tag is due ends the level"},
+        {"005A0111", {}, "00 first: empty list"},
+        {"9F", {}, "tag cut short"},
+        {"DF8F", {}, "second tag byte announces a third that is missing"},
+        {"DF8F8101AA9F010000",
+         {"DF8F81:1:AA", "9F01:0:"},
+         "three tag bytes at most; the third byte's continuation bit is ignored"},
+        {"5A8400000002ABCD5F2A020840", {"5A:2:ABCD", "5F2A:2:0840"}, "four length bytes"},
+        {"5A8201", {}, "length bytes cut short: dropped"},
+        {"5A81", {}, "long form as the last byte: dropped"},
+        {"5A0011", {"5A:0:"}, "zero length, then a tag without length"},
+        {"5A80", {"5A:0:"}, "invalid length 80 gives length 0, then 80 is read as a tag"},
+        {"5A850111", {"5A:0:", "85:1:11"}, "invalid length byte re-read as a tag"},
+        {"5A050102", {"5A:5:", "05:1:02"}, "too long: no value; length byte re-read as tag"},
+        {"5A84FFFFFFFF01", {"5A:-1:"}, "negative length counts as too long"},
+        {"5A01 A", {"5A:1:0A"}, "pairs read with hexToInt: leading blank"},
+        {"5A011G", {"5A:1:01"}, "pairs read with hexToInt: stops at G"},
+        {"5A01-1", {"5A:1:00"}, "pairs read with hexToInt: no sign"},
+        {"700861045A0111009A0000",
+         {"70:8:61045A0111009A00{61:4:5A011100{5A:1:11}}"},
+         "two levels of nesting"},
+    };
+    LogCapture quiet;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.reason) + ": " + c.hex);
+        EXPECT_EQ(render(TLVDecoder::decodeWithTLVString(c.hex)), c.elements);
+    }
+}
+
+TEST(TLVDecoderTest, BadInputLogsAndReturnsAbsent) {
+    LogCapture log;
+    EXPECT_EQ(TLVDecoder::decodeWithTLVString(std::nullopt), std::nullopt);
+    EXPECT_EQ(TLVDecoder::decodeWithTLVString("5A011"), std::nullopt);
+    EXPECT_EQ(TLVDecoder::decodeWithTLVString(""), std::nullopt);
+    EXPECT_EQ(TLVDecoder::decodeTlv({}), std::nullopt);
+    EXPECT_EQ(log.lines(), (Lines{"TLV is nil", "Invalid TLV"}));
+}
+
+TEST(TLVDecoderTest, NumbersOutsideAByteAreWrittenAsLongHex) {
+    const std::int32_t bytes[] = {0x5A, 1, -1};
+    EXPECT_EQ(render(TLVDecoder::decodeTlv(bytes)), Lines{"5A:1:FFFFFFFFFFFFFFFF"});
+}
+
+TEST(TLVDecoderTest, EachLevelLogsItsSummaryOnce) {
+    LogCapture log;
+    TLVDecoder::decodeWithTLVString("700861045A0111009A0000");
+    const auto entry = [](const char* tag, int length, const char* name, const char* value) {
+        return std::string("    ") + tag + " =     {\n        length = " + std::to_string(length) +
+               ";\n        name = \"" + name + "\";\n        value = " + value + ";\n    };\n";
+    };
+    EXPECT_EQ(
+        log.lines(),
+        (Lines{"{\n" + entry("5A", 1, "Application Primary Account Number (PAN)", "11") + "}",
+               "{\n" + entry("61", 4, "Application Template", "5A011100") + "}",
+               "{\n" + entry("70", 8, "EMV Proprietary Template", "61045A0111009A00") + "}"}));
+}
+
+TEST(TLVDecoderTest, SummaryIsSortedKeepsLastOfATagAndSkipsTheLastElement) {
+    LogCapture log;
+    TLVDecoder::decodeWithTLVString(
+        "9F01005A01119F01005A0122"
+        "5F2A020840");
+    ASSERT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(log.lines()[0],
+              "{\n"
+              "    5A =     {\n        length = 1;\n"
+              "        name = \"Application Primary Account Number (PAN)\";\n"
+              "        value = 22;\n    };\n"
+              "    9F01 =     {\n        length = 0;\n"
+              "        name = \"Acquirer Identifier\";\n        value = \"\";\n    };\n"
+              "}");
+    LogCapture lastOnly;
+    TLVDecoder::decodeWithTLVString("5F2A020840");
+    EXPECT_EQ(lastOnly.lines(), Lines{"{\n}"});
+}
+
+TEST(TLVDecoderTest, DisabledLogGivesTheSameResultAndNoLine) {
+    const char* data = "700A5A0811111111111111119F0100";
+    const Lines expected = render(TLVDecoder::decodeWithTLVString(data));
+    LogCapture log;
+    log::setEnabled(false);
+    const Lines quiet = render(TLVDecoder::decodeWithTLVString(data));
+    log::setEnabled(true);
+    EXPECT_EQ(quiet, expected);
+    EXPECT_TRUE(log.lines().empty());
+}
+
+// Nesting depth is chosen by the data, so decoding must not take call-stack space per
+// level: the decode runs on a thread with a small stack. (The tree is destroyed back on
+// the main thread, since destroying a deep TLVObject tree recurses.)
+TEST(TLVDecoderTest, DeepNestingDoesNotUseTheCallStack) {
+    constexpr int kDepth = 2000;
+    // Each level is E0 82 <length> <the level below> 00: the trailing 00 keeps the E0 from
+    // being its level's last element, so every level is expanded.
+    std::vector<std::int32_t> bytes = {0x5A, 0x01, 0x11};
+    for (int level = 0; level < kDepth; ++level) {
+        const auto length = static_cast<std::int32_t>(bytes.size());
+        bytes.insert(bytes.begin(), {0xE0, 0x82, length >> 8, length & 0xFF});
+        bytes.push_back(0);
+    }
+    struct Job {
+        std::span<const std::int32_t> bytes;
+        std::optional<std::vector<TLVObject>> result;
+    } job{bytes, std::nullopt};
+    const auto run = [](void* argument) -> void* {
+        auto& job = *static_cast<Job*>(argument);
+        job.result = TLVDecoder::decodeTlv(job.bytes);
+        return nullptr;
+    };
+    log::setEnabled(false);
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, 256 * 1024);
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, +run, &job), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+    log::setEnabled(true);
+
+    int depth = 0;
+    for (const auto* level = &job.result; *level && (*level)->size() == 1;
+         level = &(*level)->front().innerTlvs()) {
+        ++depth;
+    }
+    EXPECT_EQ(depth, kDepth + 1);  // kDepth E0 levels and the 5A inside
+}
+
+}  // namespace
+}  // namespace vastrel

@@ -1,0 +1,61 @@
+#include "vastrel/Codec/TLVObject.hpp"
+
+#include <gtest/gtest.h>
+
+#include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Platform/RangeError.hpp"
+
+namespace vastrel {
+namespace {
+
+TEST(TLVObjectTest, ConstructorsFillEmptyTextsAndTheTagName) {
+    const TLVObject empty;
+    EXPECT_EQ(empty.tagName(), "");
+    EXPECT_EQ(empty.tag(), "");
+    EXPECT_EQ(empty.length(), "");
+    EXPECT_EQ(empty.value(), "");
+    EXPECT_EQ(empty.innerTlvs(), std::nullopt);
+
+    const TLVObject amount("9F02");
+    EXPECT_EQ(amount.tag(), "9F02");
+    EXPECT_EQ(amount.tagName(), "Amount, Authorised (Numeric)");
+    EXPECT_EQ(amount.length(), "");
+    EXPECT_EQ(amount.value(), "");
+}
+
+TEST(TLVObjectTest, HexStringTakesTheLengthFromTheLengthText) {
+    struct Case {
+        std::optional<std::string> tag;
+        std::optional<std::string> length;
+        std::optional<std::string> value;
+        const char* expected;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"9F02", "6", "000000001000", "9F0206000000001000", "short form"},
+        {"9F02", "200", "AB", "9F0281C8AB", "long form; value not measured"},
+        {"9F02", "300", "", "9F0282012C", "two length bytes"},
+        {"9F02", std::nullopt, "AB", "9F0200AB", "absent length writes 00"},
+        {"9F02", "", "AB", "9F0200AB", "empty length reads as 0"},
+        {"9F02", " +12abc", "", "9F020C", "read like integerValue"},
+        {std::nullopt, "1", std::nullopt, "01", "absent tag and value are skipped"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.reason);
+        TLVObject object;
+        object.setTag(c.tag);
+        object.setLength(c.length);
+        object.setValue(c.value);
+        EXPECT_EQ(TLVObject::generateHexStringFromTLVObject(&object), c.expected);
+    }
+    EXPECT_EQ(TLVObject::generateHexStringFromTLVObject(nullptr), std::nullopt);
+
+    TLVObject tooLong("5A");
+    for (const char* length : {"65536", "-1"}) {
+        tooLong.setLength(length);
+        EXPECT_THROW(TLVObject::generateHexStringFromTLVObject(&tooLong), RangeError) << length;
+    }
+}
+
+}  // namespace
+}  // namespace vastrel

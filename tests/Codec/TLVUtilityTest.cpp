@@ -1,0 +1,273 @@
+#include "vastrel/Codec/TLVUtility.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "Codec/HexInternal.hpp"
+#include "CodecTestSupport.hpp"
+#include "vastrel/Platform/AssertionFailure.hpp"
+#include "vastrel/Platform/RangeError.hpp"
+
+namespace vastrel {
+namespace {
+
+using testing::hex;
+using testing::LogCapture;
+
+// The slow paths must agree with the C library itself on every possible pair, including
+// NUL, blanks, signs, "0x" and bytes above 0x7F.
+TEST(TLVUtilityTest, OddPairsReadExactlyAsStrtolAndSscanfReadThem) {
+    for (int a = 0; a < 256; ++a) {
+        for (int b = 0; b < 256; ++b) {
+            const char text[3] = {static_cast<char>(a), static_cast<char>(b), '\0'};
+            char* end = nullptr;
+            const long strtolValue = std::strtol(text, &end, 16);
+            const auto expected = end == text + 2
+                                      ? std::optional(static_cast<std::uint8_t>(strtolValue))
+                                      : std::nullopt;
+            ASSERT_EQ(codec::strtolPairValue(a, b), expected) << "pair " << a << "," << b;
+
+            unsigned scanned = 0;
+            static_cast<void>(std::sscanf(text, "%x", &scanned));
+            ASSERT_EQ(codec::scanfPairValue(a, b), static_cast<std::uint8_t>(scanned))
+                << "pair " << a << "," << b;
+        }
+    }
+}
+
+TEST(TLVUtilityTest, DataWithHexStringReadsEachPair) {
+    struct Case {
+        std::string text;
+        std::string expectedHex;
+        const char* reason;
+    };
+    const std::string block(32, 'a');  // 16 pairs: one whole fast block
+    const Case cases[] = {
+        {"9F02", "9F02", "uppercase"},
+        {"9f02", "9F02", "lowercase"},
+        {"", "", "empty"},
+        {" A", "0A", "strtol skips a leading blank"},
+        {"-1", "FF", "strtol accepts a sign; the result is cut to 8 bits"},
+        {"+F\t5", "0F05", "plus sign and tab"},
+        {block + "-1" + block, std::string(32, 'A') + "FF" + std::string(32, 'A'),
+         "odd pair inside a block is re-read alone"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.reason);
+        EXPECT_EQ(hex(TLVUtility::dataWithHexString(c.text)), c.expectedHex);
+    }
+}
+
+TEST(TLVUtilityTest, DataWithHexStringAssertsOnOddLengthOrBadPair) {
+    struct Case {
+        std::string text;
+        std::string message;
+        const char* reason;
+    };
+    const std::string block(32, '0');
+    const Case cases[] = {
+        {"ABC", "Hex strings should have an even number of digits (ABC)", "odd length"},
+        {"0A 0B", "Hex strings should have an even number of digits (0A 0B)",
+         "blanks between pairs are not removed"},
+        {"0G", "String should be all hex digits: 0G (bad digit around 0)", "bad low digit"},
+        {"00ZZ", "String should be all hex digits: 00ZZ (bad digit around 2)", "index of pair"},
+        {"0x", "String should be all hex digits: 0x (bad digit around 0)", "prefix alone"},
+        {"A ", "String should be all hex digits: A  (bad digit around 0)", "trailing blank"},
+        {"\xC3\xA9", "String should be all hex digits: \xC3\xA9 (bad digit around 0)",
+         "bytes above 0x7F"},
+        {block + "00G0", "String should be all hex digits: " + block + "00G0 (bad digit around 34)",
+         "bad pair in the tail after a block"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.reason);
+        try {
+            const Bytes bytes = TLVUtility::dataWithHexString(c.text);
+            ADD_FAILURE() << "no assertion; got " << hex(bytes);
+        } catch (const AssertionFailure& failure) {
+            EXPECT_EQ(std::string(failure.what()), c.message);
+        }
+    }
+}
+
+TEST(TLVUtilityTest, HexRoundTripsEveryByteValue) {
+    Bytes all(256);
+    for (int b = 0; b < 256; ++b)
+        all[b] = static_cast<std::uint8_t>(b);
+    const std::string upper = TLVUtility::dataToHexString(all);
+    ASSERT_EQ(upper.size(), 512U);
+    EXPECT_EQ(upper.substr(0, 8), "00010203");
+    EXPECT_EQ(upper.substr(504), "FCFDFEFF");
+    EXPECT_EQ(TLVUtility::dataWithHexString(upper), all);
+    std::string lower = upper;
+    for (char& c : lower)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    EXPECT_EQ(TLVUtility::dataWithHexString(lower), all);
+    EXPECT_EQ(TLVUtility::stringToHex(
+                  std::string_view(reinterpret_cast<const char*>(all.data() + 1), 255)),
+              lower.substr(2));
+}
+
+TEST(TLVUtilityTest, StringToHexIsLowercaseAndStopsAtNul) {
+    EXPECT_EQ(TLVUtility::stringToHex("Hi"), "4869");
+    EXPECT_EQ(TLVUtility::stringToHex(std::string_view("Hi\0there", 8)), "4869");
+    EXPECT_EQ(TLVUtility::stringToHex("\xC3\xA9"), "c3a9");
+    EXPECT_EQ(TLVUtility::stringToHex(""), "");
+}
+
+TEST(TLVUtilityTest, HexToAsciiReadsPairsAsSscanfAndRejectsOddLength) {
+    EXPECT_EQ(TLVUtility::hexToAscii("414243"), "ABC");
+    EXPECT_EQ(TLVUtility::hexToAscii("41424"), "");
+    EXPECT_EQ(TLVUtility::hexToAscii("4G-4G4"), std::string("\x04\xFC\x00", 3));
+    EXPECT_EQ(TLVUtility::hexToAscii(""), "");
+}
+
+TEST(TLVUtilityTest, TagFromTLVStringReadsTheFrontTag) {
+    struct Case {
+        const char* tlv;
+        const char* tagHex;
+        TagClass tagClass;
+        TagType storedType;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"9F02060000", "9F02", TagClass::ContextSpecific, TagType::Constructed,
+         "two-byte tag; primitive stored as 32"},
+        {"5A08", "5A", TagClass::Application, TagType::Constructed, "one-byte tag"},
+        {"70", "70", TagClass::Application, TagType::Primitive, "constructed stored as 0"},
+        {"df8f8101", "DF8F8101", TagClass::Private, TagType::Constructed, "any number of bytes"},
+        {"9F", "", TagClass::ContextSpecific, TagType::Constructed, "ends inside the tag"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.reason);
+        const std::optional<Tag> tag = TLVUtility::tagFromTLVString(c.tlv);
+        ASSERT_TRUE(tag.has_value());
+        EXPECT_EQ(hex(tag->value()), c.tagHex);
+        EXPECT_EQ(tag->tagClass(), c.tagClass);
+        EXPECT_EQ(tag->tagType(), c.storedType);
+        EXPECT_EQ(tag->tagIdentifier(), 0U);
+    }
+    EXPECT_EQ(TLVUtility::tagFromTLVString(""), std::nullopt);
+    EXPECT_THROW(TLVUtility::tagFromTLVString("9F0"), AssertionFailure);
+}
+
+TEST(TLVUtilityTest, TagValueFromTLVGivesTheLastCompleteValue) {
+    LogCapture log;
+    EXPECT_EQ(TLVUtility::tagValueFromTLV("5A02123495020000"), "0000");
+    EXPECT_EQ(TLVUtility::tagValueFromTLV("5a02ab12"), "AB12");
+    EXPECT_EQ(TLVUtility::tagValueFromTLV(""), "");
+    EXPECT_EQ(TLVUtility::tagValueFromTLV("5A01129F"), "12");
+    EXPECT_TRUE(log.lines().empty());
+    EXPECT_EQ(TLVUtility::tagValueFromTLV("5A011270810100"), "12");
+    EXPECT_EQ(log.lines(), std::vector<std::string>{"unimplemented"});
+    // A value that runs past the end raises, as in the splitter, even with nothing after
+    // the length byte.
+    EXPECT_THROW(TLVUtility::tagValueFromTLV("5A0812"), RangeError);
+    EXPECT_THROW(TLVUtility::tagValueFromTLV("5A02"), RangeError);
+}
+
+TEST(TLVUtilityTest, IssuerScriptTemplatesMatchOneByteTagsAndNoTag) {
+    struct Case {
+        const char* tlv;
+        bool template1;
+        bool template2;
+    };
+    const Case cases[] = {
+        {"7103860100", true, false}, {"7203860100", false, true}, {"", true, true},
+        {"9F", true, true},  // ends inside a multi-byte tag: no tag bytes to compare
+        {"5A00", false, false},      {"7F7100", false, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.tlv);
+        EXPECT_EQ(TLVUtility::isIssuerScriptTemplate1(c.tlv), c.template1);
+        EXPECT_EQ(TLVUtility::isIssuerScriptTemplate2(c.tlv), c.template2);
+    }
+}
+
+TLVObject element(const char* tag, const char* value,
+                  std::optional<std::vector<TLVObject>> children = std::nullopt) {
+    TLVObject object(tag);
+    object.setValue(value);
+    object.setLength(std::to_string(std::string_view(value).size() / 2));
+    object.setInnerTlvs(std::move(children));
+    return object;
+}
+
+TEST(TLVUtilityTest, FindTLVObjectSearchesTopLevelThenOneLevelDown) {
+    const std::vector<TLVObject> list = {
+        element("9F02", "000000001000"),
+        element("70", "", std::vector{element("5A", "11"), element("9F02", "22")}),
+        element("77", "", std::vector{element("61", "", std::vector{element("50", "33")})}),
+        element("5A", "44"),
+    };
+    const auto valueOf = [&list](std::int64_t tag) {
+        const std::optional<TLVObject> found = TLVUtility::findTLVObject(tag, list);
+        return found ? found->value().value_or("?") : "<absent>";
+    };
+    EXPECT_EQ(valueOf(0x9F02), "000000001000");
+    EXPECT_EQ(valueOf(0x5A), "11");        // the child of 70 comes before the later 5A
+    EXPECT_EQ(valueOf(0x50), "<absent>");  // grandchildren are not searched
+    EXPECT_EQ(valueOf(0x9F03), "<absent>");
+    EXPECT_EQ(TLVUtility::findTLVObject(0x5A, std::nullopt), std::nullopt);
+    EXPECT_EQ(TLVUtility::findTLVObject(0x5A, std::vector<TLVObject>{}), std::nullopt);
+}
+
+TEST(TLVUtilityTest, CreateTLVFromTagEncodesTheValueCount) {
+    struct Case {
+        std::size_t valueBytes;
+        const char* lengthField;
+    };
+    const Case cases[] = {{0, "00"},         {6, "06"},         {127, "7F"},     {128, "8180"},
+                          {200, "81C8"},     {255, "81FF"},     {256, "820100"}, {300, "82012C"},
+                          {65535, "82FFFF"}, {65536, "8210000"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.valueBytes);
+        const std::string value(2 * c.valueBytes, 'A');
+        EXPECT_EQ(TLVUtility::createTLVFromTag("9F02", value),
+                  std::string("9F02") + c.lengthField + value);
+    }
+    EXPECT_EQ(TLVUtility::createTLVFromTag("5A", "123"), "5A01123");  // odd text: count 1
+}
+
+TEST(TLVUtilityTest, IccDataStringJoinsElements) {
+    EXPECT_EQ(TLVUtility::fetchIccDataStringFromEmvTagsDictionary(std::nullopt), std::nullopt);
+    EXPECT_EQ(
+        TLVUtility::fetchIccDataStringFromEmvTagsDictionary(std::map<std::string, std::string>{}),
+        std::nullopt);
+    EXPECT_EQ(TLVUtility::fetchIccDataStringFromEmvTagsDictionary(
+                  std::map<std::string, std::string>{{"9F02", "000000001000"}, {"5A", "4761"}}),
+              "5A0247619F0206000000001000");
+
+    TLVObject stale = element("95", "0000000000");
+    stale.setLength("2");  // the array form trusts the length text, not the value
+    EXPECT_EQ(TLVUtility::fetchIccDataStringFromEmvTagsArray(
+                  std::vector{element("9F02", "000000001000"), stale}),
+              "9F0206000000001000"
+              "95020000000000");
+    EXPECT_EQ(TLVUtility::fetchIccDataStringFromEmvTagsArray(std::nullopt), "");
+}
+
+TEST(TLVUtilityTest, StripKeepsUnlistedTagsAndNothingWithoutAList) {
+    const std::vector<TLVObject> tags = {element("5A", "11"), element("9F02", "22"),
+                                         element("5A", "33"), element("5a", "44")};
+    std::vector<std::string> kept;
+    for (const TLVObject& object :
+         TLVUtility::stripTagsEmvTagDescriptors(std::vector<std::string>{"5A"}, tags)) {
+        kept.push_back(*object.value());
+    }
+    EXPECT_EQ(kept, (std::vector<std::string>{"22", "44"}));
+    EXPECT_TRUE(TLVUtility::stripTagsEmvTagDescriptors(std::vector<std::string>{}, tags).empty());
+    EXPECT_TRUE(TLVUtility::stripTagsEmvTagDescriptors(std::nullopt, tags).empty());
+    EXPECT_TRUE(TLVUtility::stripTagsEmvTagDescriptors(std::vector<std::string>{"5A"}, std::nullopt)
+                    .empty());
+}
+
+TEST(TLVUtilityTest, SharedInstanceIsOneObject) {
+    EXPECT_EQ(&TLVUtility::sharedInstance(), &TLVUtility::sharedInstance());
+}
+
+}  // namespace
+}  // namespace vastrel
