@@ -12,7 +12,7 @@ struct TagNameEntry {
     std::string_view name;
 };
 
-// Every entry, sorted by tag text; no tag appears twice.
+// Every entry, in the order listed; no tag appears twice.
 std::span<const TagNameEntry> allEntries();
 
 // The name listed for exactly this tag text (case-sensitive), or absent.

@@ -1,8 +1,7 @@
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <stdexcept>
 #include <string>
 
 #include "Tags/TagNameTable.hpp"
@@ -15,28 +14,13 @@ namespace {
 // Names as Vastrel has always given them, misspellings included ("Issuer Action Code
 // (Defaul)t", "Transaction SequenceCounter", 9F09 named like 9F08): callers show and compare
 // these texts, so they stay exactly as they are. DF01 to DF18 are the card reader's
-// proprietary elements. Sorted by tag text for the search below.
+// proprietary elements.
 constexpr std::array<TagNameEntry, 136> kEntries = {{
     {"42", "Issuer Identification Number (IIN)"},
     {"4F", "Application Identifier (AID) from card"},
     {"50", "Application Label"},
     {"57", "Track 2 Equivalent Data"},
     {"5A", "Application Primary Account Number (PAN)"},
-    {"5F20", "Cardholder Name"},
-    {"5F24", "Application Expiration Date"},
-    {"5F25", "Application Effective Date"},
-    {"5F28", "Issuer Country Code"},
-    {"5F2A", "Transaction Currency Code"},
-    {"5F2D", "Language Preference"},
-    {"5F30", "Service Code"},
-    {"5F34", "Application Primary Account Number (PAN) Sequence Number"},
-    {"5F36", "Transaction Currency Exponent"},
-    {"5F50", "Issuer URL"},
-    {"5F53", "International Bank Account Number (IBAN)"},
-    {"5F54", "Bank Identifier Code (BIC)"},
-    {"5F55", "Issuer Country Code (alpha2 format)"},
-    {"5F56", "Issuer Country Code (alpha3format)"},
-    {"5F57", "Account Type"},
     {"61", "Application Template"},
     {"6F", "File Control Information (FCI) Template"},
     {"70", "EMV Proprietary Template"},
@@ -71,6 +55,27 @@ constexpr std::array<TagNameEntry, 136> kEntries = {{
     {"9B", "Transaction Status Information"},
     {"9C", "Transaction Type"},
     {"9D", "Directory Definition File (DDF) Name"},
+    {"A5", "File Control Information (FCI) Proprietary Template"},
+    {"E0", "Receive Data Elements"},
+    {"E1", "Issue Data Elements (Secure)"},
+    {"E2", "Decision"},
+    {"E3", "Issue Data Elements (Non-Secure)"},
+    {"C2", "Encrypted Data"},
+    {"5F20", "Cardholder Name"},
+    {"5F24", "Application Expiration Date"},
+    {"5F25", "Application Effective Date"},
+    {"5F28", "Issuer Country Code"},
+    {"5F2A", "Transaction Currency Code"},
+    {"5F2D", "Language Preference"},
+    {"5F30", "Service Code"},
+    {"5F34", "Application Primary Account Number (PAN) Sequence Number"},
+    {"5F36", "Transaction Currency Exponent"},
+    {"5F50", "Issuer URL"},
+    {"5F53", "International Bank Account Number (IBAN)"},
+    {"5F54", "Bank Identifier Code (BIC)"},
+    {"5F55", "Issuer Country Code (alpha2 format)"},
+    {"5F56", "Issuer Country Code (alpha3format)"},
+    {"5F57", "Account Type"},
     {"9F01", "Acquirer Identifier"},
     {"9F02", "Amount, Authorised (Numeric)"},
     {"9F03", "Amount, Other (Numeric)"},
@@ -136,9 +141,7 @@ constexpr std::array<TagNameEntry, 136> kEntries = {{
     {"9F4D", "Log Entry"},
     {"9F4E", "Merchant Name and Location"},
     {"9F4F", "Log Format"},
-    {"A5", "File Control Information (FCI) Proprietary Template"},
     {"BF0C", "File Control Information (FCI) Issuer Discretionary Data"},
-    {"C2", "Encrypted Data"},
     {"DF01", "Digits"},
     {"DF02", "Status Bytes"},
     {"DF11", "Acquirer ID"},
@@ -149,64 +152,82 @@ constexpr std::array<TagNameEntry, 136> kEntries = {{
     {"DF16", "Enciphered PIN Block"},
     {"DF17", "Key Serial Number"},
     {"DF18", "Risk Management"},
-    {"E0", "Receive Data Elements"},
-    {"E1", "Issue Data Elements (Secure)"},
-    {"E2", "Decision"},
-    {"E3", "Issue Data Elements (Non-Secure)"},
 }};
 
-// Every tag text is one or two bytes of hex, so it fits the packing below.
-constexpr std::size_t kMaxTagLength = 4;
+// Lookups go through a direct index instead of a search. Every listed tag is one byte, or
+// two bytes led by one of the few bytes below; that gives each tag its own slot: the byte
+// itself for a one-byte tag, 256 * (1 + leading position) + second byte for a two-byte tag.
+constexpr std::array<std::uint8_t, 4> kLeadingBytes = {0x5F, 0x9F, 0xBF, 0xDF};
+constexpr std::size_t kSlotCount = 256 * (1 + kLeadingBytes.size());
 
-static_assert(std::ranges::all_of(kEntries, [](const TagNameEntry& entry) {
-    return !entry.tag.empty() && entry.tag.size() <= kMaxTagLength &&
-           entry.tag.find('\0') == std::string_view::npos;
-}));
-static_assert(std::ranges::adjacent_find(kEntries, std::greater_equal<>{}, &TagNameEntry::tag) ==
-                  kEntries.end(),
-              "tags must be sorted and unique");
-
-// A tag text of at most four characters packed big-endian into 32 bits, zero-padded.
-// Packed keys compare as the texts do, so the search compares integers, not strings.
-constexpr std::uint32_t packTag(std::string_view tag) {
-    std::uint32_t packed = 0;
-    for (std::size_t i = 0; i < kMaxTagLength; ++i) {
-        const auto c = i < tag.size() ? static_cast<unsigned char>(tag[i]) : 0U;
-        packed = (packed << 8) | c;
-    }
-    return packed;
-}
-
-constexpr auto kPackedTags = [] {
-    std::array<std::uint32_t, kEntries.size()> packed{};
-    for (std::size_t i = 0; i < kEntries.size(); ++i)
-        packed[i] = packTag(kEntries[i].tag);
-    return packed;
+// Value of an uppercase hex digit, -1 for anything else (lower case included: lookups are
+// case-sensitive).
+constexpr std::array<std::int8_t, 256> kUpperHexDigits = [] {
+    std::array<std::int8_t, 256> digits{};
+    digits.fill(-1);
+    for (int i = 0; i < 10; ++i)
+        digits['0' + i] = static_cast<std::int8_t>(i);
+    for (int i = 0; i < 6; ++i)
+        digits['A' + i] = static_cast<std::int8_t>(10 + i);
+    return digits;
 }();
 
-static_assert(std::ranges::adjacent_find(kPackedTags, std::greater_equal<>{}) == kPackedTags.end(),
-              "packed keys must keep the order of the texts");
+// The byte written by two uppercase hex digits, or -1.
+constexpr int upperHexByte(char high, char low) {
+    const int h = kUpperHexDigits[static_cast<unsigned char>(high)];
+    const int l = kUpperHexDigits[static_cast<unsigned char>(low)];
+    return (h | l) < 0 ? -1 : h * 16 + l;
+}
+
+// The slot of a tag text, or absent when no listed tag could be written that way.
+constexpr std::optional<std::size_t> slotOf(std::string_view tag) {
+    if (tag.size() != 2 && tag.size() != 4) return std::nullopt;
+    const int first = upperHexByte(tag[0], tag[1]);
+    if (first < 0) return std::nullopt;
+    if (tag.size() == 2) return static_cast<std::size_t>(first);
+    const int second = upperHexByte(tag[2], tag[3]);
+    if (second < 0) return std::nullopt;
+    for (std::size_t lead = 0; lead < kLeadingBytes.size(); ++lead) {
+        if (kLeadingBytes[lead] == first)
+            return 256 * (1 + lead) + static_cast<std::size_t>(second);
+    }
+    return std::nullopt;
+}
+
+static_assert(kEntries.size() < 255, "positions must fit the index bytes");
+
+// Position + 1 of the entry in each slot, 0 for an empty slot. Building it fails to compile
+// if a tag has no slot or two entries share one.
+constexpr std::array<std::uint8_t, kSlotCount> kPositionBySlot = [] {
+    std::array<std::uint8_t, kSlotCount> positions{};
+    for (std::size_t i = 0; i < kEntries.size(); ++i) {
+        const std::size_t slot = slotOf(kEntries[i].tag).value();
+        if (positions[slot] != 0) throw std::logic_error("tag listed twice");
+        positions[slot] = static_cast<std::uint8_t>(i + 1);
+    }
+    return positions;
+}();
+
+// The name listed for exactly this tag text, or absent.
+constexpr std::optional<std::string_view> lookUpName(std::string_view tag) {
+    const auto slot = slotOf(tag);
+    if (!slot) return std::nullopt;
+    const std::uint8_t position = kPositionBySlot[*slot];
+    if (position == 0) return std::nullopt;
+    return kEntries[position - 1].name;
+}
 
 }  // namespace
 
 std::span<const TagNameEntry> allEntries() { return kEntries; }
 
-std::optional<std::string_view> findName(std::string_view tag) {
-    if (tag.size() > kMaxTagLength) return std::nullopt;
-    const std::uint32_t key = packTag(tag);
-    const auto found = std::lower_bound(kPackedTags.begin(), kPackedTags.end(), key);
-    if (found == kPackedTags.end() || *found != key) return std::nullopt;
-    const TagNameEntry& entry = kEntries[static_cast<std::size_t>(found - kPackedTags.begin())];
-    // Text padded with NUL characters packs like the shorter tag; only the exact text counts.
-    if (entry.tag != tag) return std::nullopt;
-    return entry.name;
-}
+std::optional<std::string_view> findName(std::string_view tag) { return lookUpName(tag); }
 
 }  // namespace tagnames
 
 std::string Tag::tagName(std::optional<std::string_view> tag) {
     if (tag) {
-        if (const auto name = tagnames::findName(*tag)) return std::string(*name);
+        if (const auto name = tagnames::lookUpName(*tag)) return std::string(*name);
     }
     return "Unknown";
 }
