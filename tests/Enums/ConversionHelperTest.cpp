@@ -3,23 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <limits>
+#include <utility>
 
 namespace vastrel {
 namespace {
 
 TEST(ConversionHelperTest, StatusCodesMapToReversalReasons) {
-    struct Case {
-        std::uint64_t status;
-        std::uint64_t reason;
+    const std::pair<std::uint64_t, std::uint64_t> cases[] = {
+        {0, 6}, {1, 6}, {2, 3}, {4, 3}, {5, 1}, {6, 2}, {7, 3}, {99, 3}, {~std::uint64_t{0}, 3},
     };
-    const Case cases[] = {
-        {0, 6}, {1, 6}, {2, 3}, {3, 3},  {4, 3},
-        {5, 1}, {6, 2}, {7, 3}, {99, 3}, {std::numeric_limits<std::uint64_t>::max(), 3},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.status);
-        EXPECT_EQ(ConversionHelper::toReversalReason(c.status), ReversalReason{c.reason});
+    for (const auto& [status, reason] : cases) {
+        EXPECT_EQ(ConversionHelper::toReversalReason(status), ReversalReason{reason}) << status;
     }
 }
 
