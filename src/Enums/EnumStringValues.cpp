@@ -181,8 +181,9 @@ constexpr KeyedTable keyedByDigitKey(std::span<const EnumRow> rows) {
 
 constexpr std::array<KeyedTable, kTableCount> kKeyedTables = [] {
     std::array<KeyedTable, kTableCount> keyed{};
-    for (std::size_t i = 0; i < kTableCount; ++i)
+    for (std::size_t i = 0; i < kTableCount; ++i) {
         keyed[i] = keyedByDigitKey(kTables[i]);
+    }
     return keyed;
 }();
 
@@ -208,8 +209,9 @@ Dictionary dictionaryFrom(const KeyedTable& keyed) {
 const std::map<std::string, std::string>* EnumStringValues::dictionaryForEnumType(EnumType type) {
     static const std::array<Dictionary, kTableCount> dictionaries = [] {
         std::array<Dictionary, kTableCount> built;
-        for (std::size_t i = 0; i < kTableCount; ++i)
+        for (std::size_t i = 0; i < kTableCount; ++i) {
             built[i] = dictionaryFrom(kKeyedTables[i]);
+        }
         return built;
     }();
     const auto index = tableIndex(type);

@@ -1,6 +1,7 @@
 #include "vastrel/Receipt/ReceiptHelper.hpp"
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 #include "vastrel/Platform/Log.hpp"

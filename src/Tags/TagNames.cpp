@@ -165,10 +165,12 @@ constexpr std::size_t kSlotCount = 256 * (1 + kLeadingBytes.size());
 constexpr std::array<std::int8_t, 256> kUpperHexDigits = [] {
     std::array<std::int8_t, 256> digits{};
     digits.fill(-1);
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         digits['0' + i] = static_cast<std::int8_t>(i);
-    for (int i = 0; i < 6; ++i)
+    }
+    for (int i = 0; i < 6; ++i) {
         digits['A' + i] = static_cast<std::int8_t>(10 + i);
+    }
     return digits;
 }();
 
@@ -188,8 +190,9 @@ constexpr std::optional<std::size_t> slotOf(std::string_view tag) {
     const int second = upperHexByte(tag[2], tag[3]);
     if (second < 0) return std::nullopt;
     for (std::size_t lead = 0; lead < kLeadingBytes.size(); ++lead) {
-        if (kLeadingBytes[lead] == first)
+        if (kLeadingBytes[lead] == first) {
             return 256 * (1 + lead) + static_cast<std::size_t>(second);
+        }
     }
     return std::nullopt;
 }
@@ -197,7 +200,7 @@ constexpr std::optional<std::size_t> slotOf(std::string_view tag) {
 static_assert(kEntries.size() < 255, "positions must fit the index bytes");
 
 // Position + 1 of the entry in each slot, 0 for an empty slot. Building it fails to compile
-// if a tag has no slot or two entries share one.
+// if a tag has no slot (a missing row leaves an empty tag) or two entries share one.
 constexpr std::array<std::uint8_t, kSlotCount> kPositionBySlot = [] {
     std::array<std::uint8_t, kSlotCount> positions{};
     for (std::size_t i = 0; i < kEntries.size(); ++i) {
