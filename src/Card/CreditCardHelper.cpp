@@ -60,6 +60,14 @@ constexpr std::array<BrandRange, 24> kBrandRanges = {{
 
 }  // namespace
 
+bool CreditCardHelper::hasDigitPrefix(std::string_view cardNumber) noexcept {
+    const std::string_view prefix = cardNumber.substr(0, kPrefixDigits);
+    for (const char c : prefix) {
+        if (c < '0' || c > '9') return false;
+    }
+    return true;
+}
+
 CardType CreditCardHelper::getCardTypeFromRedactedPan(std::string_view cardNumber) const {
     // prefixes[k] is the number formed by the first k characters, or 0 when the input is
     // shorter than k: no range contains 0, so a prefix that was not formed never matches.

@@ -73,9 +73,13 @@ TEST(CreditCardHelperDeathTest, NonDigitWithinTheFirstSixStopsTheProgram) {
     // Mask first, third, sixth; blank; sign; letter in a short number; non-ASCII.
     for (const std::string_view cardNumber :
          {"X4111111", "36XXXX", "41111X", " 4111", "+4111", "4a", "\xC3\xA9"}) {
+        EXPECT_FALSE(CreditCardHelper::hasDigitPrefix(cardNumber)) << cardNumber;
         EXPECT_DEATH(static_cast<void>(helper.getCardTypeFromRedactedPan(cardNumber)),
                      "first six characters must be digits")
             << cardNumber;
+    }
+    for (const std::string_view cardNumber : {"", "4", "411111XXXXXX1111", "000000"}) {
+        EXPECT_TRUE(CreditCardHelper::hasDigitPrefix(cardNumber)) << cardNumber;
     }
 }
 

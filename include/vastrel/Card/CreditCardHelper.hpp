@@ -14,6 +14,10 @@ class CreditCardHelper {
     // CardType::Unknown. Every one of the first min(size, 6) characters must be a decimal
     // digit: otherwise the reason goes to stderr and the program stops (std::abort).
     CardType getCardTypeFromRedactedPan(std::string_view cardNumber) const;
+
+    // True when getCardTypeFromRedactedPan can classify cardNumber without stopping the
+    // program: each of its first min(size, 6) characters is a decimal digit.
+    static bool hasDigitPrefix(std::string_view cardNumber) noexcept;
 };
 
 }  // namespace vastrel
