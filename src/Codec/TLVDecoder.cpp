@@ -10,6 +10,7 @@
 #include "HexInternal.hpp"
 #include "vastrel/Codec/BerLength.hpp"
 #include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/Platform/Log.hpp"
 
 namespace vastrel {
@@ -93,28 +94,48 @@ std::string hexOfByteNumbers(std::span<const std::int32_t> bytes) {
     return out;
 }
 
+// Bytes decoded from hex text are always bytes: plain table lookup.
+std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec::hexUpper(bytes); }
+
+// The decoder runs over byte numbers as decodeTlv takes them (Number = std::int32_t), and,
+// for hex text, directly over the decoded bytes (Number = std::uint8_t), which behave the
+// same since every byte is a number from 0 to 255.
+
 // One level of nesting being decoded: the bytes of the level, the position of the byte
 // under consideration, and what the level has produced so far.
+template <class Number>
 struct Level {
-    explicit Level(std::span<const std::int32_t> levelBytes)
+    explicit Level(std::span<const Number> levelBytes)
         : bytes(levelBytes), n(static_cast<std::int64_t>(levelBytes.size())) {
+        // Elements take several bytes each; growth covers denser data.
+        result.reserve(static_cast<std::size_t>(std::min<std::int64_t>(n / 4 + 1, 64)));
         if (log::enabled()) summary.emplace();
     }
 
-    std::span<const std::int32_t> bytes;
+    std::span<const Number> bytes;
     std::int64_t n;
     std::int64_t p = 0;
     std::vector<TLVObject> result;
     std::optional<Summary> summary;  // built only when it will be logged
-    // The constructed element whose value is being decoded one level down.
-    std::optional<TLVObject> pending;
+    // The constructed element (in result) whose value is being decoded one level down.
+    std::size_t pendingIndex = 0;
     std::int32_t pendingLength = 0;
 };
 
+// Appends the element for tagBytes with the given length text and returns it.
+template <class Number>
+TLVObject& appendElement(Level<Number>& level, std::span<const Number> tagBytes,
+                         std::string length) {
+    TLVObject& element = level.result.emplace_back(hexOfByteNumbers(tagBytes));
+    element.setLength(std::move(length));
+    return element;
+}
+
 // Completes an element whose value of length bytes starts at level.p: sets its value and
 // children, enters it in the summary and moves level.p past the value.
-void appendWithValue(Level& level, TLVObject element, std::int32_t length,
-                     std::optional<std::vector<TLVObject>> children) {
+template <class Number>
+void completeWithValue(Level<Number>& level, TLVObject& element, std::int32_t length,
+                       std::optional<std::vector<TLVObject>> children) {
     std::string value = hexOfByteNumbers(
         level.bytes.subspan(static_cast<std::size_t>(level.p), static_cast<std::size_t>(length)));
     level.p += length;
@@ -124,17 +145,19 @@ void appendWithValue(Level& level, TLVObject element, std::int32_t length,
     }
     element.setValue(std::move(value));
     element.setInnerTlvs(std::move(children));
-    level.result.push_back(std::move(element));
 }
 
 // Reads elements of the level from level.p until the level ends (returns nothing) or a
 // constructed element's value has to be decoded one level down (returns that value; the
-// element waits in level.pending).
-std::optional<std::span<const std::int32_t>> readElements(Level& level) {
-    const std::span<const std::int32_t> bytes = level.bytes;
+// element waits at level.pendingIndex).
+template <class Number>
+std::optional<std::span<const Number>> readElements(Level<Number>& level) {
+    const std::span<const Number> bytes = level.bytes;
     const std::int64_t n = level.n;
     std::int64_t& p = level.p;
-    const auto at = [bytes](std::int64_t i) { return bytes[static_cast<std::size_t>(i)]; };
+    const auto at = [bytes](std::int64_t i) {
+        return static_cast<std::int32_t>(bytes[static_cast<std::size_t>(i)]);
+    };
 
     while (p < n) {
         // Tag, at most three bytes; the third byte's continuation bit is not looked at.
@@ -147,16 +170,16 @@ std::optional<std::span<const std::int32_t>> readElements(Level& level) {
             if (++p >= n) return std::nullopt;
             if (!Tag::isLast(at(p)) && ++p >= n) return std::nullopt;
         }
-        TLVObject element(hexOfByteNumbers(bytes.subspan(
-            static_cast<std::size_t>(tagStart), static_cast<std::size_t>(p - tagStart + 1))));
+        const std::span<const Number> tag = bytes.subspan(
+            static_cast<std::size_t>(tagStart), static_cast<std::size_t>(p - tagStart + 1));
 
-        // Length: a short form, or 81 to 84 followed by that many bytes.
+        // Length: a short form, or 81 to 84 followed by that many bytes. An element whose
+        // tag or length is cut short by the end of the level is dropped.
         if (++p >= n) return std::nullopt;
         const std::int32_t lengthByte = at(p);
         if (!BerLength::isValid(lengthByte)) {
             // Kept with length "0"; the bad length byte is read again as the next tag.
-            element.setLength("0");
-            level.result.push_back(std::move(element));
+            appendElement(level, tag, "0");
             continue;
         }
         std::int32_t length = lengthByte;
@@ -169,31 +192,55 @@ std::optional<std::span<const std::int32_t>> readElements(Level& level) {
             }
             length = static_cast<std::int32_t>(collected);
         }
-        element.setLength(std::to_string(length));
 
         // A length past the end (a negative one too) keeps the element without a value;
         // the last length byte is read again as the next tag.
         if (static_cast<std::uint64_t>(std::int64_t{length}) >
             static_cast<std::uint64_t>(n - 1 - p)) {
-            level.result.push_back(std::move(element));
+            appendElement(level, tag, std::to_string(length));
             continue;
         }
         if (++p >= n) return std::nullopt;  // an empty value after the last byte: dropped
+        TLVObject& element = appendElement(level, tag, std::to_string(length));
         if (length > n - 1 - p) {
             // The value ends at the last byte. This last element of the level is never
             // expanded nor summarised, even when constructed; callers know it so, keep it.
             element.setValue(hexOfByteNumbers(bytes.subspan(static_cast<std::size_t>(p))));
-            level.result.push_back(std::move(element));
             return std::nullopt;
         }
         if (constructed && length > 0) {
-            level.pending = std::move(element);
+            level.pendingIndex = level.result.size() - 1;
             level.pendingLength = length;
             return bytes.subspan(static_cast<std::size_t>(p), static_cast<std::size_t>(length));
         }
-        appendWithValue(level, std::move(element), length, std::nullopt);
+        completeWithValue(level, element, length, std::nullopt);
     }
     return std::nullopt;
+}
+
+// decodeTlv over any kind of byte numbers: absent for no bytes, else the top level's
+// elements. Levels are kept on the heap, not the call stack: the data chooses the nesting
+// depth (up to one level per three bytes), so deep input cannot exhaust the stack here.
+template <class Number>
+std::optional<std::vector<TLVObject>> decodeLevels(std::span<const Number> bytes) {
+    if (bytes.empty()) return std::nullopt;
+    std::vector<Level<Number>> levels;
+    levels.reserve(4);
+    levels.emplace_back(bytes);
+    for (;;) {
+        if (const auto children = readElements(levels.back())) {
+            levels.emplace_back(*children);
+            continue;
+        }
+        Level<Number>& finished = levels.back();
+        if (finished.summary) log::write(describeSummary(*finished.summary));
+        std::vector<TLVObject> result = std::move(finished.result);
+        levels.pop_back();
+        if (levels.empty()) return result;
+        Level<Number>& parent = levels.back();
+        completeWithValue(parent, parent.result[parent.pendingIndex], parent.pendingLength,
+                          std::move(result));
+    }
 }
 
 // Whitespace and newline characters as the platform's scanner skips them: the ASCII ones
@@ -226,34 +273,15 @@ std::optional<std::vector<TLVObject>> TLVDecoder::decodeWithTLVString(
         log::write("Invalid TLV");
         return std::nullopt;
     }
-    std::vector<std::int32_t> bytes(hex->size() / 2);
+    Bytes bytes(hex->size() / 2);
     codec::decodeHexPairs(*hex, bytes.data(), [text = *hex](std::size_t pair) {
-        return static_cast<std::int32_t>(hexToInt(text.substr(2 * pair, 2)));
+        return static_cast<std::uint8_t>(hexToInt(text.substr(2 * pair, 2)));
     });
-    return decodeTlv(bytes);
+    return decodeLevels<std::uint8_t>(bytes);
 }
 
 std::optional<std::vector<TLVObject>> TLVDecoder::decodeTlv(std::span<const std::int32_t> bytes) {
-    if (bytes.empty()) return std::nullopt;
-    // Levels are kept on the heap, not the call stack: the data chooses the nesting depth
-    // (up to one level per three bytes), so deep input cannot exhaust the stack here.
-    std::vector<Level> levels;
-    levels.emplace_back(bytes);
-    for (;;) {
-        if (const auto children = readElements(levels.back())) {
-            levels.emplace_back(*children);
-            continue;
-        }
-        Level& finished = levels.back();
-        if (finished.summary) log::write(describeSummary(*finished.summary));
-        std::vector<TLVObject> result = std::move(finished.result);
-        levels.pop_back();
-        if (levels.empty()) return result;
-        Level& parent = levels.back();
-        TLVObject element = std::move(*parent.pending);
-        parent.pending.reset();
-        appendWithValue(parent, std::move(element), parent.pendingLength, std::move(result));
-    }
+    return decodeLevels(bytes);
 }
 
 std::uint32_t TLVDecoder::hexToInt(std::string_view hex) {

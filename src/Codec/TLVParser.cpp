@@ -1,5 +1,6 @@
 #include "vastrel/Codec/TLVParser.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -19,8 +20,11 @@ constexpr std::array<std::uint8_t, 5> kScriptTemplateTags = {0x71, 0x72, 0x71, 0
 std::vector<std::string> TLVParser::splitTLVData(std::string_view hex) {
     const Bytes bytes = TLVUtility::dataWithHexString(hex);
     std::vector<std::string> pieces;
+    // Elements of EMV data average several bytes; growth covers larger inputs.
+    pieces.reserve(std::min<std::size_t>(bytes.size() / 2, 64));
     codec::forEachFlatElement(bytes, [&pieces](const codec::FlatElement& element) {
-        pieces.push_back(codec::hexUpper(element.encoding));
+        std::string& piece = pieces.emplace_back(2 * element.encoding.size(), '\0');
+        codec::writeHex(element.encoding, piece.data());
     });
     return pieces;
 }

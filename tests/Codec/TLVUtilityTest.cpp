@@ -39,6 +39,40 @@ TEST(TLVUtilityTest, OddPairsReadExactlyAsStrtolAndSscanfReadThem) {
     }
 }
 
+// Long text is decoded sixteen pairs at a time; every byte value, in either digit of a
+// pair, must be classified there exactly as the pair-by-pair reading classifies it.
+TEST(TLVUtilityTest, BlockDecodingAgreesWithPairReadingForEveryByte) {
+    constexpr std::string_view digits = "0123456789abcdefABCDEF";
+    for (int c = 0; c < 256; ++c) {
+        std::string text(64, '0');
+        for (std::size_t i = 0; i < text.size(); ++i)
+            text[i] = digits[(i + c) % digits.size()];
+        const std::size_t at = static_cast<std::size_t>(c) % text.size();
+        text[at] = static_cast<char>(c);
+        Bytes expected;
+        std::optional<std::size_t> badPair;
+        for (std::size_t i = 0; i < text.size(); i += 2) {
+            const auto value = codec::strtolPairValue(text[i], text[i + 1]);
+            if (!value && !badPair) badPair = i;
+            expected.push_back(value.value_or(0));
+        }
+        SCOPED_TRACE(c);
+        if (badPair) {
+            try {
+                TLVUtility::dataWithHexString(text);
+                ADD_FAILURE() << "no assertion";
+            } catch (const AssertionFailure& failure) {
+                // what() is a C string: a NUL in the text cuts both sides alike.
+                const std::string message = "String should be all hex digits: " + text +
+                                            " (bad digit around " + std::to_string(*badPair) + ")";
+                EXPECT_STREQ(failure.what(), message.c_str());
+            }
+        } else {
+            EXPECT_EQ(hex(TLVUtility::dataWithHexString(text)), hex(expected));
+        }
+    }
+}
+
 TEST(TLVUtilityTest, DataWithHexStringReadsEachPair) {
     struct Case {
         std::string text;
