@@ -43,7 +43,8 @@ inline std::string render(const TLVObject& object) {
     if (const auto& children = object.innerTlvs()) {
         out += "{";
         for (std::size_t i = 0; i < children->size(); ++i) {
-            out += (i == 0 ? "" : " ") + render((*children)[i]);
+            if (i > 0) out += ' ';
+            out += render((*children)[i]);
         }
         out += "}";
     }
