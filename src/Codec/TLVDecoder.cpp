@@ -97,12 +97,10 @@ std::string hexOfByteNumbers(std::span<const std::int32_t> bytes) {
 // Bytes decoded from hex text are always bytes: plain table lookup.
 std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec::hexUpper(bytes); }
 
-// The decoder runs over byte numbers as decodeTlv takes them (Number = std::int32_t), and,
-// for hex text, directly over the decoded bytes (Number = std::uint8_t), which behave the
-// same since every byte is a number from 0 to 255.
-
 // One level of nesting being decoded: the bytes of the level, the position of the byte
-// under consideration, and what the level has produced so far.
+// under consideration, and what the level has produced so far. Number is std::int32_t for
+// the byte numbers decodeTlv takes, and std::uint8_t for bytes decoded from hex text,
+// which read the same since every byte is a number from 0 to 255.
 template <class Number>
 struct Level {
     explicit Level(std::span<const Number> levelBytes)
