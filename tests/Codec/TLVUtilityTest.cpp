@@ -74,26 +74,11 @@ TEST(TLVUtilityTest, BlockDecodingAgreesWithPairReadingForEveryByte) {
 }
 
 TEST(TLVUtilityTest, DataWithHexStringReadsEachPair) {
-    struct Case {
-        std::string text;
-        std::string expectedHex;
-        const char* reason;
-    };
-    const std::string block(32, 'a');  // 16 pairs: one whole fast block
-    const Case cases[] = {
-        {"9F02", "9F02", "uppercase"},
-        {"9f02", "9F02", "lowercase"},
-        {"", "", "empty"},
-        {" A", "0A", "strtol skips a leading blank"},
-        {"-1", "FF", "strtol accepts a sign; the result is cut to 8 bits"},
-        {"+F\t5", "0F05", "plus sign and tab"},
-        {block + "-1" + block, std::string(32, 'A') + "FF" + std::string(32, 'A'),
-         "odd pair inside a block is re-read alone"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.reason);
-        EXPECT_EQ(hex(TLVUtility::dataWithHexString(c.text)), c.expectedHex);
-    }
+    EXPECT_EQ(hex(TLVUtility::dataWithHexString("9f02")), "9F02");
+    EXPECT_EQ(hex(TLVUtility::dataWithHexString("9F02")), "9F02");
+    EXPECT_EQ(hex(TLVUtility::dataWithHexString("")), "");
+    // strtol skips a leading blank and takes a sign; the result is cut to 8 bits.
+    EXPECT_EQ(hex(TLVUtility::dataWithHexString(" A-1")), "0AFF");
 }
 
 TEST(TLVUtilityTest, DataWithHexStringAssertsOnOddLengthOrBadPair) {
@@ -109,10 +94,6 @@ TEST(TLVUtilityTest, DataWithHexStringAssertsOnOddLengthOrBadPair) {
          "blanks between pairs are not removed"},
         {"0G", "String should be all hex digits: 0G (bad digit around 0)", "bad low digit"},
         {"00ZZ", "String should be all hex digits: 00ZZ (bad digit around 2)", "index of pair"},
-        {"0x", "String should be all hex digits: 0x (bad digit around 0)", "prefix alone"},
-        {"A ", "String should be all hex digits: A  (bad digit around 0)", "trailing blank"},
-        {"\xC3\xA9", "String should be all hex digits: \xC3\xA9 (bad digit around 0)",
-         "bytes above 0x7F"},
         {block + "00G0", "String should be all hex digits: " + block + "00G0 (bad digit around 34)",
          "bad pair in the tail after a block"},
     };
@@ -297,10 +278,6 @@ TEST(TLVUtilityTest, StripKeepsUnlistedTagsAndNothingWithoutAList) {
     EXPECT_TRUE(TLVUtility::stripTagsEmvTagDescriptors(std::nullopt, tags).empty());
     EXPECT_TRUE(TLVUtility::stripTagsEmvTagDescriptors(std::vector<std::string>{"5A"}, std::nullopt)
                     .empty());
-}
-
-TEST(TLVUtilityTest, SharedInstanceIsOneObject) {
-    EXPECT_EQ(&TLVUtility::sharedInstance(), &TLVUtility::sharedInstance());
 }
 
 }  // namespace
