@@ -1,0 +1,42 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "LibraryLog.hpp"
+
+namespace vastrel::tool {
+
+// What a subcommand prints once it has succeeded. Nothing is printed before that, so a
+// failure never leaves half an answer on stdout.
+struct CommandOutput {
+    std::string text;                   // for stdout
+    std::vector<std::string> warnings;  // for stderr, one "vastrel: warning: " line each
+};
+
+// A registered subcommand: its parser, and what runs when the user chose it. run throws
+// InputError or UsageError (or a library exception) on failure.
+struct Command {
+    CLI::App* parser = nullptr;
+    std::function<CommandOutput(LibraryLog&)> run;
+};
+
+Command addDecodeCommand(CLI::App& app);
+Command addSplitCommand(CLI::App& app);
+Command addTagCommand(CLI::App& app);
+Command addTagsCommand(CLI::App& app);
+Command addCvmCommand(CLI::App& app);
+Command addBrandCommand(CLI::App& app);
+Command addEnumCommand(CLI::App& app);
+Command addIccCommand(CLI::App& app);
+Command addReceiptCommand(CLI::App& app);
+
+// The help text shared by the subcommands that read hex.
+inline constexpr const char* kHexHelp =
+    "EMV data as hex; read from standard input when absent. Blanks, newlines and a "
+    "leading 0x are removed, so data pasted from a log works as it is";
+
+}  // namespace vastrel::tool

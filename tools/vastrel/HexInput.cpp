@@ -1,0 +1,79 @@
+#include "HexInput.hpp"
+
+#include <unistd.h>
+
+#include <cctype>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+
+#include "ToolError.hpp"
+
+namespace vastrel::tool {
+namespace {
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
+}
+
+bool isHexDigit(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
+
+// The character as a reader can see it in an error message.
+std::string describeCharacter(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (std::isprint(byte) != 0) return std::string("'") + c + "'";
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    return std::string("byte 0x") + kDigits[byte >> 4] + kDigits[byte & 0x0F];
+}
+
+// Index of the first character after leading blanks and an optional 0x prefix.
+std::size_t digitsStart(std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size() && isBlank(text[i]))
+        ++i;
+    if (i + 1 < text.size() && text[i] == '0' && (text[i + 1] == 'x' || text[i + 1] == 'X')) {
+        i += 2;
+    }
+    return i;
+}
+
+}  // namespace
+
+std::string cleanHex(std::string_view text, std::string_view what) {
+    std::string digits;
+    digits.reserve(text.size());
+    for (std::size_t i = digitsStart(text); i < text.size(); ++i) {
+        const char c = text[i];
+        if (isBlank(c)) continue;
+        if (!isHexDigit(c)) {
+            std::ostringstream message;
+            message << "in " << what << ": " << describeCharacter(c) << " at position " << i + 1
+                    << " is not a hex digit";
+            throw InputError(message.str());
+        }
+        digits.push_back(static_cast<char>(std::toupper(static_cast<unsigned char>(c))));
+    }
+    if (digits.empty()) throw InputError("no " + std::string(what) + " given");
+    if (digits.size() % 2 != 0) {
+        throw InputError(std::string(what) + " has an odd number of digits (" +
+                         std::to_string(digits.size()) + "); every byte takes two");
+    }
+    return digits;
+}
+
+std::string readHexInput(const std::vector<std::string>& args) {
+    if (!args.empty()) {
+        std::string joined;
+        for (const auto& arg : args)
+            joined += arg + ' ';
+        return cleanHex(joined);
+    }
+    if (isatty(STDIN_FILENO) != 0) {
+        throw UsageError("no HEX given: pass it as an argument or pipe it on standard input");
+    }
+    const std::string piped{std::istreambuf_iterator<char>(std::cin),
+                            std::istreambuf_iterator<char>()};
+    return cleanHex(piped);
+}
+
+}  // namespace vastrel::tool

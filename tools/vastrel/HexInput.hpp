@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vastrel::tool {
+
+// Hex pasted from a reader log, cleaned for the library: blanks, tabs and line breaks are
+// removed, as is one leading 0x or 0X, and the digits are upper-cased. Throws InputError
+// when nothing is left, when a character is not a hex digit (naming it and its position in
+// text, counted from 1) or when the digits do not make whole bytes. `what` names the input
+// in those messages ("hex data", "tag '9F3'").
+std::string cleanHex(std::string_view text, std::string_view what = "hex data");
+
+// The hex data of a subcommand, cleaned: the arguments joined, or all of standard input
+// when there are none. Throws UsageError when there are no arguments and standard input is
+// a terminal (nothing was piped in), InputError as cleanHex does.
+std::string readHexInput(const std::vector<std::string>& args);
+
+}  // namespace vastrel::tool

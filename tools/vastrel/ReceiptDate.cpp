@@ -1,0 +1,36 @@
+#include "ReceiptDate.hpp"
+
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+
+#include "ToolError.hpp"
+
+namespace vastrel::tool {
+
+TransactionReceipt::Date parseUtcDateTime(std::string_view text) {
+    std::tm fields{};
+    std::istringstream in{std::string(text)};
+    in >> std::get_time(&fields, "%Y-%m-%dT%H:%M:%SZ");
+    const bool wholeText = !in.fail() && in.peek() == std::char_traits<char>::eof();
+    std::tm normalised = fields;
+    const std::time_t seconds = timegm(&normalised);
+    // timegm moves 31 April to 1 May; a date that moved was not a real one.
+    if (!wholeText || seconds == -1 || normalised.tm_mday != fields.tm_mday ||
+        normalised.tm_mon != fields.tm_mon) {
+        throw InputError("transactionDateTime '" + std::string(text) +
+                         "' is not a UTC time such as 2025-03-15T13:45:02Z");
+    }
+    return std::chrono::system_clock::from_time_t(seconds);
+}
+
+std::string formatUtcDateTime(TransactionReceipt::Date date, const char* format) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(date);
+    std::tm fields{};
+    gmtime_r(&seconds, &fields);
+    std::ostringstream out;
+    out << std::put_time(&fields, format);
+    return out.str();
+}
+
+}  // namespace vastrel::tool
