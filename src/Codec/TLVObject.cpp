@@ -34,6 +34,21 @@ std::int64_t integerValue(std::string_view text) {
 
 TLVObject::TLVObject() : tagName_(""), tag_(""), length_(""), value_("") {}
 
+TLVObject::~TLVObject() {
+    if (!innerTlvs_ || innerTlvs_->empty()) return;
+    std::vector<TLVObject> pending = std::move(*innerTlvs_);
+    innerTlvs_.reset();
+    while (!pending.empty()) {
+        TLVObject element = std::move(pending.back());
+        pending.pop_back();
+        if (element.innerTlvs_) {
+            for (TLVObject& child : *element.innerTlvs_)
+                pending.push_back(std::move(child));
+            element.innerTlvs_.reset();
+        }
+    }
+}
+
 TLVObject::TLVObject(std::string_view tag) : TLVObject() {
     tag_ = std::string(tag);
     tagName_ = Tag::tagName(tag);

@@ -131,8 +131,7 @@ TEST(TLVDecoderTest, DisabledLogGivesTheSameResultAndNoLine) {
 }
 
 // Nesting depth is chosen by the data, so decoding must not take call-stack space per
-// level: the decode runs on a thread with a small stack. (The tree is destroyed back on
-// the main thread, since destroying a deep TLVObject tree recurses.)
+// level: decoding and destroying the tree run on a thread with a small stack.
 TEST(TLVDecoderTest, DeepNestingDoesNotUseTheCallStack) {
     constexpr int kDepth = 2000;
     // Each level is E0 82 <length> <the level below> 00: the trailing 00 keeps the E0 from
@@ -145,11 +144,15 @@ TEST(TLVDecoderTest, DeepNestingDoesNotUseTheCallStack) {
     }
     struct Job {
         std::span<const std::int32_t> bytes;
-        std::optional<std::vector<TLVObject>> result;
-    } job{bytes, std::nullopt};
+        int depth = 0;
+    } job{bytes, 0};
     const auto run = [](void* argument) -> void* {
         auto& job = *static_cast<Job*>(argument);
-        job.result = TLVDecoder::decodeTlv(job.bytes);
+        const auto result = TLVDecoder::decodeTlv(job.bytes);
+        for (const auto* level = &result; *level && (*level)->size() == 1;
+             level = &(*level)->front().innerTlvs()) {
+            ++job.depth;
+        }
         return nullptr;
     };
     log::setEnabled(false);
@@ -162,12 +165,7 @@ TEST(TLVDecoderTest, DeepNestingDoesNotUseTheCallStack) {
     pthread_attr_destroy(&attributes);
     log::setEnabled(true);
 
-    int depth = 0;
-    for (const auto* level = &job.result; *level && (*level)->size() == 1;
-         level = &(*level)->front().innerTlvs()) {
-        ++depth;
-    }
-    EXPECT_EQ(depth, kDepth + 1);  // kDepth E0 levels and the 5A inside
+    EXPECT_EQ(job.depth, kDepth + 1);  // kDepth E0 levels and the 5A inside
 }
 
 }  // namespace

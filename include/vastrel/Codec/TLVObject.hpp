@@ -19,6 +19,14 @@ class TLVObject {
     // Nothing else is parsed.
     explicit TLVObject(std::string_view tag);
 
+    TLVObject(const TLVObject&) = default;
+    TLVObject(TLVObject&&) noexcept = default;
+    TLVObject& operator=(const TLVObject&) = default;
+    TLVObject& operator=(TLVObject&&) noexcept = default;
+    // Releases nested elements without one stack frame per level: the nesting of decoded
+    // data is chosen by whoever sent it.
+    ~TLVObject();
+
     const std::optional<std::string>& tagName() const { return tagName_; }
     void setTagName(std::optional<std::string> v) { tagName_ = std::move(v); }
     const std::optional<std::string>& tag() const { return tag_; }
