@@ -1,15 +1,34 @@
 #!/usr/bin/env bash
-# Builds Vastrel and runs the whole test suite twice: in the release build and in the
-# debug build under AddressSanitizer and UndefinedBehaviorSanitizer.
+# Builds Vastrel and runs the whole test suite: in the release build, and in the debug build
+# under AddressSanitizer and UndefinedBehaviorSanitizer. Then the slower checks: the suite
+# under ThreadSanitizer and valgrind's memcheck, every fuzzer for a few seconds, and a build
+# of a separate project against the installed package.
+#
+#   scripts/test.sh           everything (what CI runs)
+#   scripts/test.sh --quick   release and ASan+UBSan only
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-./scripts/setup.sh
+quick=false
+if [[ "${1:-}" == "--quick" ]]; then quick=true; fi
 
-for preset in release dev; do
+if $quick; then ./scripts/setup.sh; else ./scripts/setup.sh fuzz valgrind; fi
+
+run_preset() {
+    local preset=$1
     echo "==> ${preset}: configure and build"
     cmake --preset "$preset" >/dev/null
     cmake --build --preset "$preset"
     echo "==> ${preset}: test"
     ctest --preset "$preset"
-done
+}
+
+run_preset release
+run_preset dev
+if $quick; then exit 0; fi
+
+run_preset tsan
+if [[ -x scripts/memcheck.sh ]]; then echo "==> memcheck"; ./scripts/memcheck.sh; fi
+if [[ -x scripts/fuzz.sh ]]; then echo "==> fuzz"; ./scripts/fuzz.sh; fi
+if [[ -x scripts/package-test.sh ]]; then echo "==> installed package"; ./scripts/package-test.sh; fi
+echo "==> all checks passed"
