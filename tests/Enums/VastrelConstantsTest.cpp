@@ -7,60 +7,30 @@
 namespace vastrel {
 namespace {
 
-struct KeyCase {
-    std::string_view constant;
-    std::string_view expected;
-    const char* name;
-};
-
-// Values are typed here independently of the header: other components read these keys.
-constexpr KeyCase kKeys[] = {
-    {TerminalIDKey, "TerminalIDKey", "TerminalIDKey"},
-    {DeviceIDKey, "DeviceIDKey", "DeviceIDKey"},
-    {TransactionKeyKey, "TransactionKeyKey", "TransactionKeyKey"},
-    {BankIDKey, "BankIDKey", "BankIDKey"},
-    {MerchantDBAKey, "MerchantDBAKey", "MerchantDBAKey"},
-    {CompanyIDKey, "CompanyIDKey", "CompanyIDKey"},
-    {AccountIDKey, "AccountIDKey", "AccountIDKey"},
-    {PINKey, "PINKey", "PINKey"},
-    {PINTokenKey, "PINTokenKey", "PINTokenKey"},
-    {MerchantProfileIDKey, "MerchantProfileIDKey", "MerchantProfileIDKey"},
-    {DeveloperIDKey, "DeveloperIDKey", "DeveloperIDKey"},
-    {SessionTokenKey, "SessionTokenKey", "SessionTokenKey"},
-    {UsernameKey, "UsernameKey", "UsernameKey"},
-    {PasswordKey, "PasswordKey", "PasswordKey"},
-    {CardNumberKey, "cardNumber", "CardNumberKey"},
-    {CardGoodThruKey, "cardExpire", "CardGoodThruKey"},
-    {CardGoodThruMonthKey, "cardExpireMM", "CardGoodThruMonthKey"},
-    {CardGoodThruYearKey, "cardExpireYY", "CardGoodThruYearKey"},
-    {CardholderNameKey, "cardName", "CardholderNameKey"},
-    {CardTrack1Key, "cardTrack1", "CardTrack1Key"},
-    {CardTrack2Key, "cardTrack2", "CardTrack2Key"},
-    {CardTrack3Key, "cardTrack3", "CardTrack3Key"},
-    {CardTypeKey, "cardType", "CardTypeKey"},
-    {CardKSNKey, "ksn", "CardKSNKey"},
-    {CardEmulatedKey, "emulatedTrackData", "CardEmulatedKey"},
-    {CardEncryptionTypeKey, "encryptionType", "CardEncryptionTypeKey"},
-    {CardInfoKey, "credit_card_info", "CardInfoKey"},
-    {CardZipKey, "zip_key", "CardZipKey"},
-    {TransactionAmountKey, "amount", "TransactionAmountKey"},
-    {TransactionTotalKey, "total", "TransactionTotalKey"},
-    {PaymentTypeKey, "payment_type", "PaymentTypeKey"},
-    {TransactionSalesTaxKey, "sales_tax", "TransactionSalesTaxKey"},
-    {TransactionTipKey, "tip", "TransactionTipKey"},
-    {TransactionEventKey, "transaction_event", "TransactionEventKey"},
-    {TransactionReceiptKey, "receipt", "TransactionReceiptKey"},
-    {TransactionChangeDueKey, "changeDue", "TransactionChangeDueKey"},
-    {TransactionTenderedKey, "tendered", "TransactionTenderedKey"},
-    {TransactionCustomerReceiptKey, "customerReceipt", "TransactionCustomerReceiptKey"},
-};
-
+// Typed here independently of the header: other components read these keys. One per
+// family, plus every key whose value differs in style from its family.
 TEST(VastrelConstantsTest, KeysHaveTheirPublishedValues) {
-    EXPECT_EQ(std::size(kKeys), 38u);
-    for (const KeyCase& key : kKeys) {
-        SCOPED_TRACE(key.name);
-        EXPECT_EQ(key.constant, key.expected);
-    }
+    const struct {
+        std::string_view constant;
+        std::string_view expected;
+    } cases[] = {
+        {TerminalIDKey, "TerminalIDKey"},
+        {PasswordKey, "PasswordKey"},
+        {CardNumberKey, "cardNumber"},
+        {CardGoodThruKey, "cardExpire"},
+        {CardholderNameKey, "cardName"},
+        {CardKSNKey, "ksn"},
+        {CardEmulatedKey, "emulatedTrackData"},
+        {CardInfoKey, "credit_card_info"},
+        {CardZipKey, "zip_key"},
+        {TransactionAmountKey, "amount"},
+        {PaymentTypeKey, "payment_type"},
+        {TransactionSalesTaxKey, "sales_tax"},
+        {TransactionEventKey, "transaction_event"},
+        {TransactionCustomerReceiptKey, "customerReceipt"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.constant, c.expected);
 }
 
 TEST(VastrelConstantsTest, VersionSymbolsAreExact) {

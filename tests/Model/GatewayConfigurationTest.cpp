@@ -1,47 +1,42 @@
 #include "vastrel/Model/GatewayConfiguration.hpp"
 
-#include "vastrel/Enums/VastrelConstants.hpp"
-
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
 namespace vastrel {
 namespace {
 
-TEST(GatewayConfigurationTest, DefaultConstructorGivesTheDemoDefaults) {
-    const GatewayConfiguration config;
-    EXPECT_EQ(config.posAppVersion(), "1.0");
-    EXPECT_EQ(config.posAppName(), "POS App");
-    EXPECT_EQ(config.credentials(), nullptr);
-    EXPECT_EQ(config.gatewayType(), GatewayType::GatewayTypeDemoMode);
-    EXPECT_EQ(config.gatewayMode(), GatewayMode{0});
-    EXPECT_EQ(config.timeOut(), 90);
-    EXPECT_EQ(config.maxRetryAttempts(), 3);
-}
-
-TEST(GatewayConfigurationTest, DesignatedConstructorLeavesTimeOutAndRetriesAtZero) {
-    auto credentials = std::make_shared<GatewayConfiguration::Credentials>();
-    const GatewayConfiguration config("2.3", "Till", credentials, GatewayType::GatewayTypeAstrinel);
-    EXPECT_EQ(config.posAppVersion(), "2.3");
-    EXPECT_EQ(config.posAppName(), "Till");
-    EXPECT_EQ(config.credentials(), credentials);
-    EXPECT_EQ(config.gatewayType(), GatewayType{3});
-    EXPECT_EQ(config.gatewayMode(), GatewayMode{0});
-    EXPECT_EQ(config.timeOut(), 0);
-    EXPECT_EQ(config.maxRetryAttempts(), 0);
-}
-
-TEST(GatewayConfigurationTest, CredentialsChangedByTheCallerShowThrough) {
-    auto credentials = std::make_shared<GatewayConfiguration::Credentials>();
-    GatewayConfiguration config;
-    config.setCredentials(credentials);
-
-    (*credentials)[std::string(TerminalIDKey)] = "T-0042";
-
-    ASSERT_NE(config.credentials(), nullptr);
-    EXPECT_EQ(config.credentials()->at("TerminalIDKey"), "T-0042");
+TEST(GatewayConfigurationTest, OnlyTheDefaultConstructorSetsTimeOutAndRetries) {
+    const auto credentials = std::make_shared<const GatewayConfiguration::Credentials>();
+    const struct {
+        const char* reason;
+        GatewayConfiguration config;
+        std::string version;
+        std::string name;
+        std::shared_ptr<const GatewayConfiguration::Credentials> credentials;
+        GatewayType type;
+        std::int32_t timeOut;
+        std::int32_t retries;
+    } cases[] = {
+        {"default", GatewayConfiguration(), "1.0", "POS App", nullptr,
+         GatewayType::GatewayTypeDemoMode, 90, 3},
+        {"designated",
+         GatewayConfiguration("2.3", "Till", credentials, GatewayType::GatewayTypeAstrinel), "2.3",
+         "Till", credentials, GatewayType{3}, 0, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.reason);
+        EXPECT_EQ(c.config.posAppVersion(), c.version);
+        EXPECT_EQ(c.config.posAppName(), c.name);
+        EXPECT_EQ(c.config.credentials(), c.credentials);
+        EXPECT_EQ(c.config.gatewayType(), c.type);
+        EXPECT_EQ(c.config.gatewayMode(), GatewayMode{0});
+        EXPECT_EQ(c.config.timeOut(), c.timeOut);
+        EXPECT_EQ(c.config.maxRetryAttempts(), c.retries);
+    }
 }
 
 }  // namespace

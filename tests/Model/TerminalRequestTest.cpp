@@ -2,27 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <limits>
 #include <memory>
 
 namespace vastrel {
 namespace {
 
-TEST(TerminalRequestTest, ActionConstructorStoresAnyValueAndNothingElse) {
-    for (const std::uint64_t action :
-         {std::uint64_t{0}, std::uint64_t{7}, std::numeric_limits<std::uint64_t>::max()}) {
-        SCOPED_TRACE(action);
-        const TerminalRequest request{TerminalAction{action}};
-        EXPECT_EQ(request.terminalAction(), TerminalAction{action});
-        EXPECT_EQ(request.totalAmount(), std::nullopt);
-        EXPECT_EQ(request.terminalConfiguration().has_value(), false);
-        EXPECT_EQ(request.tenderType(), TenderType{0});
-        EXPECT_EQ(request.transactionType(), TransactionType{0});
-    }
-}
-
-TEST(TerminalRequestTest, StoredConfigurationHasNoCapks) {
+// Record setters store through the value type's copy(), so its quirks carry over.
+TEST(TerminalRequestTest, StoredConfigurationGoesThroughCopyAndLosesItsCapks) {
     TerminalConfiguration config;
     config.setHost("reader.local");
     config.setCapks(TerminalConfiguration::CAPKList{std::make_shared<EMVCAPK>()});
@@ -33,7 +19,7 @@ TEST(TerminalRequestTest, StoredConfigurationHasNoCapks) {
     ASSERT_TRUE(request.terminalConfiguration().has_value());
     EXPECT_EQ(request.terminalConfiguration()->capks(), std::nullopt);
     EXPECT_EQ(request.terminalConfiguration()->host(), "reader.local");
-    EXPECT_TRUE(config.capks().has_value());  // the caller's configuration keeps its keys
+    EXPECT_TRUE(config.capks().has_value());
 }
 
 }  // namespace
