@@ -1,0 +1,23 @@
+#pragma once
+
+#include "vastrel/Platform/Log.hpp"
+
+// Registration of the benchmark families, called from main in this order so that the
+// floors run first and the table lists the figures in a fixed order.
+namespace vastrel::bench {
+
+void registerCodecBenchmarks();
+void registerLookupBenchmarks();
+void registerReceiptBenchmarks();
+
+// Turns the library's log on or off for one benchmark run and back on afterwards. main
+// installs a handler that drops every line, so "on" measures building the lines.
+class LoggingScope {
+  public:
+    explicit LoggingScope(bool enabled) { log::setEnabled(enabled); }
+    ~LoggingScope() { log::setEnabled(true); }
+    LoggingScope(const LoggingScope&) = delete;
+    LoggingScope& operator=(const LoggingScope&) = delete;
+};
+
+}  // namespace vastrel::bench

@@ -1,0 +1,104 @@
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "Benchmarks.hpp"
+#include "Floor.hpp"
+#include "Summary.hpp"
+#include "Workload.hpp"
+#include "vastrel/Codec/TLVDecoder.hpp"
+#include "vastrel/Codec/TLVParser.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
+
+namespace vastrel::bench {
+namespace {
+
+constexpr std::size_t kLargeHexChars = 64 * 1024;
+
+// The flat blob repeated to kLargeHexChars characters, for steady-state hex throughput.
+const std::string& largeHex() {
+    static const std::string text = [] {
+        const std::string& blob = workload().flatHex;
+        std::string repeated;
+        repeated.reserve(kLargeHexChars + blob.size());
+        while (repeated.size() < kLargeHexChars)
+            repeated += blob;
+        repeated.resize(kLargeHexChars);
+        return repeated;
+    }();
+    return text;
+}
+
+void floorWalk(benchmark::State& state, const std::string& hex) {
+    std::vector<std::uint8_t> scratch(hex.size() / 2);
+    std::vector<std::uint32_t> offsets(hex.size() / 2);
+    std::size_t count = 0;
+    for (auto _ : state) {
+        count = walkElementOffsets(hex, scratch, offsets);
+        benchmark::DoNotOptimize(count);
+        benchmark::ClobberMemory();
+    }
+    state.counters["elements"] = static_cast<double>(count);
+}
+
+void hexDecode(benchmark::State& state, const std::string& hex) {
+    for (auto _ : state) {
+        Bytes bytes = TLVUtility::dataWithHexString(hex);
+        benchmark::DoNotOptimize(bytes.data());
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(hex.size()));
+}
+
+void hexEncode(benchmark::State& state, const std::string& hex) {
+    const Bytes bytes = TLVUtility::dataWithHexString(hex);
+    for (auto _ : state) {
+        std::string text = TLVUtility::dataToHexString(bytes);
+        benchmark::DoNotOptimize(text.data());
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(hex.size()));
+}
+
+void split(benchmark::State& state, const std::string& hex) {
+    std::size_t count = 0;
+    for (auto _ : state) {
+        std::vector<std::string> pieces = TLVParser::splitTLVData(hex);
+        count = pieces.size();
+        benchmark::DoNotOptimize(pieces.data());
+    }
+    state.counters["elements"] = static_cast<double>(count);
+}
+
+void decode(benchmark::State& state, const std::string& hex, bool logging) {
+    const LoggingScope scope(logging);
+    std::size_t count = 0;
+    for (auto _ : state) {
+        std::optional<std::vector<TLVObject>> elements = TLVDecoder::decodeWithTLVString(hex);
+        count = elements ? elements->size() : 0;
+        benchmark::DoNotOptimize(elements);
+    }
+    state.counters["top_level"] = static_cast<double>(count);
+}
+
+}  // namespace
+
+void registerCodecBenchmarks() {
+    const Workload& data = workload();
+    benchmark::RegisterBenchmark(kFlatFloor, &floorWalk, data.flatHex);
+    benchmark::RegisterBenchmark(kNestedFloor, &floorWalk, data.nestedHex);
+    benchmark::RegisterBenchmark("hex/decode/flat", &hexDecode, data.flatHex);
+    benchmark::RegisterBenchmark("hex/decode/64KiB", &hexDecode, largeHex());
+    benchmark::RegisterBenchmark("hex/encode/flat", &hexEncode, data.flatHex);
+    benchmark::RegisterBenchmark("hex/encode/64KiB", &hexEncode, largeHex());
+    benchmark::RegisterBenchmark("splitTLVData/flat", &split, data.flatHex);
+    benchmark::RegisterBenchmark("splitTLVData/flat_lower", &split, data.flatLowerHex);
+    benchmark::RegisterBenchmark("decodeWithTLVString/nested/log_off", &decode, data.nestedHex,
+                                 false);
+    benchmark::RegisterBenchmark("decodeWithTLVString/nested/log_on", &decode, data.nestedHex,
+                                 true);
+    benchmark::RegisterBenchmark("decodeWithTLVString/flat/log_off", &decode, data.flatHex, false);
+    benchmark::RegisterBenchmark("decodeWithTLVString/flat/log_on", &decode, data.flatHex, true);
+}
+
+}  // namespace vastrel::bench

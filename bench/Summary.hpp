@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+// The closing table of a run: every figure's median with its ratio to the floor of the
+// same run and the target it has to meet.
+namespace vastrel::bench {
+
+// The floor benchmarks that the ratios divide by; registered before everything else.
+inline constexpr const char* kFlatFloor = "floor/flat";
+inline constexpr const char* kNestedFloor = "floor/nested";
+
+// Prints what the console reporter prints, and after the last benchmark a Markdown table
+// of medians (CPU time), ratios to the floor and targets. Without repetitions the single
+// run of each benchmark stands in for its median.
+class SummaryReporter : public benchmark::ConsoleReporter {
+  public:
+    // Colours only when stdout is a terminal; one header, counters inline.
+    SummaryReporter();
+
+    void ReportRuns(const std::vector<Run>& runs) override;
+    void Finalize() override;
+
+  private:
+    struct Figure {
+        std::int64_t order;  // registration order, whatever order the runs came in
+        std::string name;
+        double nanoseconds;
+        double bytesPerSecond;  // 0 unless the benchmark counts bytes
+    };
+    std::vector<Figure> figures_;
+};
+
+}  // namespace vastrel::bench
