@@ -12,6 +12,7 @@
 #include "vastrel/Codec/Tag.hpp"
 #include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/Platform/Log.hpp"
+#include "vastrel/Tags/SensitiveData.hpp"
 
 namespace vastrel {
 namespace {
@@ -115,6 +116,8 @@ struct Level {
     std::int64_t p = 0;
     std::vector<TLVObject> result;
     std::optional<Summary> summary;  // built only when it will be logged
+    // Read once per level, so a line never mixes masked and unmasked values.
+    bool maskSensitiveData = log::masksSensitiveData();
     // The constructed element (in result) whose value is being decoded one level down.
     std::size_t pendingIndex = 0;
     std::int32_t pendingLength = 0;
@@ -138,8 +141,13 @@ void completeWithValue(Level<Number>& level, TLVObject& element, std::int32_t le
         level.bytes.subspan(static_cast<std::size_t>(level.p), static_cast<std::size_t>(length)));
     level.p += length;
     if (level.summary) {
+        // Card data stays out of the log unless masking was turned off. A constructed
+        // element's value is masked whole: its children appear, masked, in their own level's
+        // line, and its last child, which is never expanded, could carry a card number.
+        std::string shown =
+            level.maskSensitiveData ? SensitiveData::maskedValue(*element.tag(), value) : value;
         level.summary->insert_or_assign(*element.tag(),
-                                        SummaryEntry{*element.tagName(), length, value});
+                                        SummaryEntry{*element.tagName(), length, std::move(shown)});
     }
     element.setValue(std::move(value));
     element.setInnerTlvs(std::move(children));

@@ -40,6 +40,7 @@ struct State {
     std::mutex mutex;
     std::shared_ptr<const Handler> handler;
     std::atomic<bool> enabled{true};
+    std::atomic<bool> maskSensitiveData{true};
 };
 
 State& state() {
@@ -77,5 +78,13 @@ void setEnabled(bool enabled) noexcept {
 }
 
 bool enabled() noexcept { return state().enabled.load(std::memory_order_relaxed); }
+
+void setMaskSensitiveData(bool mask) noexcept {
+    state().maskSensitiveData.store(mask, std::memory_order_relaxed);
+}
+
+bool masksSensitiveData() noexcept {
+    return state().maskSensitiveData.load(std::memory_order_relaxed);
+}
 
 }  // namespace vastrel::log

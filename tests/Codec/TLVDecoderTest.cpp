@@ -14,6 +14,13 @@ using testing::LogCapture;
 using testing::render;
 using Lines = std::vector<std::string>;
 
+// Turns off the masking of card data in log lines while alive, for tests of the summary's
+// shape that use card-number tags.
+struct UnmaskedLog {
+    UnmaskedLog() { log::setMaskSensitiveData(false); }
+    ~UnmaskedLog() { log::setMaskSensitiveData(true); }
+};
+
 TEST(TLVDecoderTest, HexToIntScansLikeScanHexInt) {
     struct Case {
         const char* text;
@@ -87,6 +94,7 @@ TEST(TLVDecoderTest, NumbersOutsideAByteAreWrittenAsLongHex) {
 }
 
 TEST(TLVDecoderTest, EachLevelLogsItsSummaryOnce) {
+    const UnmaskedLog unmasked;
     LogCapture log;
     TLVDecoder::decodeWithTLVString("700861045A0111009A0000");
     const auto entry = [](const char* tag, int length, const char* name, const char* value) {
@@ -101,6 +109,7 @@ TEST(TLVDecoderTest, EachLevelLogsItsSummaryOnce) {
 }
 
 TEST(TLVDecoderTest, SummaryIsSortedKeepsLastOfATagAndSkipsTheLastElement) {
+    const UnmaskedLog unmasked;
     LogCapture log;
     TLVDecoder::decodeWithTLVString(
         "9F01005A01119F01005A0122"
@@ -117,6 +126,54 @@ TEST(TLVDecoderTest, SummaryIsSortedKeepsLastOfATagAndSkipsTheLastElement) {
     LogCapture lastOnly;
     TLVDecoder::decodeWithTLVString("5F2A020840");
     EXPECT_EQ(lastOnly.lines(), Lines{"{\n}"});
+}
+
+// Each sensitive element is followed by 9F3401 01, since a level's last element is never
+// summarised: so every one of them reaches the log line.
+TEST(TLVDecoderTest, SummaryMasksCardDataByDefault) {
+    struct Case {
+        const char* tlv;
+        const char* value;  // as in the data; must not reach the log
+        const char* shown;  // as the summary shows it
+    };
+    const Case cases[] = {
+        {"5A084761739001010010", "4761739001010010", "\"476173******0010\""},
+        {"57134761739001010010D27122011143804400000F", "4761739001010010D27122011143804400000F",
+         "\"<19 bytes>\""},
+        {"5F200F43415244484F4C4445522F56495341", "43415244484F4C4445522F56495341",
+         "\"<15 bytes>\""},
+        {"9F0B0443415244", "43415244", "\"<4 bytes>\""},
+        {"56084231323334353637", "4231323334353637", "\"<8 bytes>\""},
+        {"9F6B084761739001010010", "4761739001010010", "\"<8 bytes>\""},
+        {"DF13024761", "4761", "\"<2 bytes>\""},
+        {"DF14024762", "4762", "\"<2 bytes>\""},
+        {"DF15024763", "4763", "\"<2 bytes>\""},
+        {"99080412AC89ABCDEF67", "0412AC89ABCDEF67", "\"<8 bytes>\""},
+        {"DF16080412AC89ABCDEF67", "0412AC89ABCDEF67", "\"<8 bytes>\""},
+        // A template's value holds its children whole; the child's own line masks it.
+        {"700E5A0847617390010100105F340101", "4761739001010010", "\"<14 bytes>\""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.tlv);
+        const std::string data = std::string(c.tlv) + "9F340101";
+        LogCapture log;
+        TLVDecoder::decodeWithTLVString(data);
+        std::string all;
+        for (const std::string& line : log.lines())
+            all += line + '\n';
+        EXPECT_EQ(all.find(c.value), std::string::npos) << all;
+        EXPECT_NE(all.find(std::string("value = ") + c.shown + ";"), std::string::npos) << all;
+    }
+}
+
+TEST(TLVDecoderTest, UnmaskedSummaryShowsCardDataForDiagnostics) {
+    const char* data = "700E5A0847617390010100105F3401019F340101";
+    LogCapture log;
+    const UnmaskedLog unmasked;
+    TLVDecoder::decodeWithTLVString(data);
+    ASSERT_EQ(log.lines().size(), 2U);
+    EXPECT_NE(log.lines()[0].find("value = 4761739001010010;"), std::string::npos);
+    EXPECT_NE(log.lines()[1].find("value = 5A0847617390010100105F340101;"), std::string::npos);
 }
 
 TEST(TLVDecoderTest, DisabledLogGivesTheSameResultAndNoLine) {

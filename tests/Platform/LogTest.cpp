@@ -46,6 +46,14 @@ TEST_F(LogTest, HandlerMayReplaceItselfWhileRunning) {
     EXPECT_EQ(lines, (std::vector<std::string>{"a", "2:b"}));
 }
 
+TEST(LogDefaultTest, CardDataIsMaskedUntilTurnedOff) {
+    EXPECT_TRUE(log::masksSensitiveData());
+    log::setMaskSensitiveData(false);
+    EXPECT_FALSE(log::masksSensitiveData());
+    log::setMaskSensitiveData(true);
+    EXPECT_TRUE(log::masksSensitiveData());
+}
+
 TEST(LogDefaultTest, DefaultHandlerWritesPrefixedLineToStderr) {
     log::setHandler(nullptr);
     ::testing::internal::CaptureStderr();

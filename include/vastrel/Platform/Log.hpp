@@ -23,4 +23,14 @@ void setEnabled(bool enabled) noexcept;
 // True when write() would hand a line to the handler.
 [[nodiscard]] bool enabled() noexcept;
 
+// Turns masking of card data in the library's log lines on (the default) or off for the
+// whole process. While it is on, lines that carry EMV values (the decoder's summaries)
+// show card numbers, track data, cardholder names and PIN blocks only as
+// SensitiveData::maskedValue does. Turn it off only for a diagnostic session on test
+// cards: the lines then hold the data in full.
+void setMaskSensitiveData(bool mask) noexcept;
+
+// True while the library's log lines mask card data.
+[[nodiscard]] bool masksSensitiveData() noexcept;
+
 }  // namespace vastrel::log
