@@ -31,12 +31,12 @@ const std::string& largeHex() {
     return text;
 }
 
-void floorWalk(benchmark::State& state, const std::string& hex) {
+void floorWalk(benchmark::State& state, FloorHex decoder, const std::string& hex) {
     std::vector<std::uint8_t> scratch(hex.size() / 2);
     std::vector<std::uint32_t> offsets(hex.size() / 2);
     std::size_t count = 0;
     for (auto _ : state) {
-        count = walkElementOffsets(hex, scratch, offsets);
+        count = walkElementOffsets(decoder, hex, scratch, offsets);
         benchmark::DoNotOptimize(count);
         benchmark::ClobberMemory();
     }
@@ -85,8 +85,10 @@ void decode(benchmark::State& state, const std::string& hex, bool logging) {
 
 void registerCodecBenchmarks() {
     const Workload& data = workload();
-    benchmark::RegisterBenchmark(kFlatFloor, &floorWalk, data.flatHex);
-    benchmark::RegisterBenchmark(kNestedFloor, &floorWalk, data.nestedHex);
+    benchmark::RegisterBenchmark(kFlatFloor, &floorWalk, FloorHex::PlainTable, data.flatHex);
+    benchmark::RegisterBenchmark(kNestedFloor, &floorWalk, FloorHex::PlainTable, data.nestedHex);
+    benchmark::RegisterBenchmark(kFlatSimdFloor, &floorWalk, FloorHex::Simd, data.flatHex);
+    benchmark::RegisterBenchmark(kNestedSimdFloor, &floorWalk, FloorHex::Simd, data.nestedHex);
     benchmark::RegisterBenchmark("hex/decode/flat", &hexDecode, data.flatHex);
     benchmark::RegisterBenchmark("hex/decode/64KiB", &hexDecode, largeHex());
     benchmark::RegisterBenchmark("hex/encode/flat", &hexEncode, data.flatHex);

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "Codec/HexInternal.hpp"
+
 namespace vastrel::bench {
 namespace {
 
@@ -26,8 +28,8 @@ constexpr std::array<std::uint8_t, 256> kNibble = [] {
 // Decodes hex into out (hex.size() / 2 bytes); false on a non-hex digit. Kept scalar: GCC's
 // vectorizer turns the table gather into lane-by-lane extraction through the stack, which
 // doubles the time of this loop, and a floor is the plain loop as it is usually compiled.
-__attribute__((optimize("no-tree-vectorize"))) bool decodeHex(std::string_view hex,
-                                                              std::uint8_t* out) {
+__attribute__((optimize("no-tree-vectorize"))) bool decodePlainTable(std::string_view hex,
+                                                                     std::uint8_t* out) {
     const auto* in = reinterpret_cast<const unsigned char*>(hex.data());
     const std::size_t count = hex.size() / 2;
     unsigned seen = 0;
@@ -40,12 +42,20 @@ __attribute__((optimize("no-tree-vectorize"))) bool decodeHex(std::string_view h
     return (seen & kBad) == 0;
 }
 
+bool decode(FloorHex decoder, std::string_view hex, std::uint8_t* out) {
+    if (decoder == FloorHex::PlainTable) return decodePlainTable(hex, out);
+    return codec::decodeHexDigitPairs(reinterpret_cast<const unsigned char*>(hex.data()),
+                                      hex.size() / 2, out);
+}
+
 }  // namespace
 
-std::size_t walkElementOffsets(std::string_view hex, std::span<std::uint8_t> scratch,
-                               std::span<std::uint32_t> offsets) {
+std::size_t walkElementOffsets(FloorHex decoder, std::string_view hex,
+                               std::span<std::uint8_t> scratch, std::span<std::uint32_t> offsets) {
     const std::size_t n = hex.size() / 2;
-    if (hex.size() % 2 != 0 || n > scratch.size() || !decodeHex(hex, scratch.data())) return 0;
+    if (hex.size() % 2 != 0 || n > scratch.size() || !decode(decoder, hex, scratch.data())) {
+        return 0;
+    }
     const std::uint8_t* bytes = scratch.data();
     std::size_t count = 0;
     std::size_t p = 0;

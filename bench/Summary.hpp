@@ -10,12 +10,16 @@
 // same run and the target it has to meet.
 namespace vastrel::bench {
 
-// The floor benchmarks that the ratios divide by; registered before everything else.
+// The floor benchmarks that the ratios divide by; registered before everything else. The
+// plain floors are the reference; the SIMD ones decode hex as fast as the library does, and
+// show how much of a figure is strings and objects rather than hex.
 inline constexpr const char* kFlatFloor = "floor/flat";
 inline constexpr const char* kNestedFloor = "floor/nested";
+inline constexpr const char* kFlatSimdFloor = "floor-simd/flat";
+inline constexpr const char* kNestedSimdFloor = "floor-simd/nested";
 
 // Prints what the console reporter prints, and after the last benchmark a Markdown table
-// of medians (CPU time), ratios to the floor and targets. Without repetitions the single
+// of medians (CPU time), ratios to both floors and targets. Without repetitions the single
 // run of each benchmark stands in for its median.
 class SummaryReporter : public benchmark::ConsoleReporter {
   public:

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 #include "vastrel/Codec/BerLength.hpp"
 #include "vastrel/Codec/Tag.hpp"
@@ -49,10 +50,10 @@ TLVObject::~TLVObject() {
     }
 }
 
-TLVObject::TLVObject(std::string_view tag) : TLVObject() {
-    tag_ = std::string(tag);
-    tagName_ = Tag::tagName(tag);
-}
+// Same result as init followed by the two setters, without building two empty strings
+// first: the decoder makes one of these per element.
+TLVObject::TLVObject(std::string_view tag)
+    : tagName_(Tag::tagName(tag)), tag_(std::in_place, tag), length_(""), value_("") {}
 
 std::optional<std::string> TLVObject::generateHexStringFromTLVObject(const TLVObject* object) {
     if (object == nullptr) return std::nullopt;
