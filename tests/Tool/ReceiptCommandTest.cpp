@@ -156,6 +156,12 @@ TEST(ReceiptCommandTest, PassesTheBuildersComplaintsOnAsWarnings) {
 TEST(ReceiptCommandTest, RefusesMalformedTransactions) {
     const ToolCase cases[] = {
         {"not JSON", {"receipt", "-"}, "{\"cardData\":", 1, "", "standard input: not valid JSON"},
+        {"number out of range",
+         {"receipt", "-"},
+         R"({"gatewayResponse": {"approvedAmount": 1e999}})",
+         1,
+         "",
+         "standard input: not valid JSON: number overflow"},
         {"misspelt key",
          {"receipt", "-"},
          R"({"cardData": {"cardholdername": "A"}})",

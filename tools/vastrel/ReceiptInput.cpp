@@ -170,7 +170,7 @@ TransactionInput parseTransaction(std::string_view text, std::string_view source
     json document;
     try {
         document = json::parse(text);
-    } catch (const json::parse_error& error) {
+    } catch (const json::exception& error) {  // a syntax error, or a number out of range
         throw InputError(std::string(source) +
                          ": not valid JSON: " + withoutExceptionId(error.what()));
     }
