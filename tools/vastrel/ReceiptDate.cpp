@@ -1,5 +1,6 @@
 #include "ReceiptDate.hpp"
 
+#include <chrono>
 #include <ctime>
 #include <iomanip>
 #include <sstream>
@@ -15,9 +16,13 @@ TransactionReceipt::Date parseUtcDateTime(std::string_view text) {
     const bool wholeText = !in.fail() && in.peek() == std::char_traits<char>::eof();
     std::tm normalised = fields;
     const std::time_t seconds = timegm(&normalised);
+    // The clock counts nanoseconds in 64 bits: about the years 1678 to 2262.
+    constexpr auto kReachable =
+        std::chrono::duration_cast<std::chrono::seconds>(TransactionReceipt::Date::duration::max())
+            .count();
     // timegm moves 31 April to 1 May; a date that moved was not a real one.
-    if (!wholeText || seconds == -1 || normalised.tm_mday != fields.tm_mday ||
-        normalised.tm_mon != fields.tm_mon) {
+    if (!wholeText || seconds == -1 || seconds < -kReachable || seconds > kReachable ||
+        normalised.tm_mday != fields.tm_mday || normalised.tm_mon != fields.tm_mon) {
         throw InputError("transactionDateTime '" + std::string(text) +
                          "' is not a UTC time such as 2025-03-15T13:45:02Z");
     }
