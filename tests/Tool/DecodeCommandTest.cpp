@@ -41,7 +41,8 @@ TEST(DecodeCommandTest, ExplainsWhyTheLastTemplateOfALevelStaysUndecoded) {
 }
 
 TEST(DecodeCommandTest, WrapsLongValuesUnderTheirColumnWithoutLosingDigits) {
-    const RunResult result = runTool({"decode"}, readExample("chip-templates.hex"));
+    const RunResult result =
+        runTool({"decode", "--show-sensitive"}, readExample("chip-templates.hex"));
     const std::string value =
         "57134761739001010010D27122011143804400000F5A0847617390010100105F200F43415244484F4C4445"
         "522F564953415F24032712315F25032001015F280208405F3401019F0702FF009F08020096";
@@ -72,8 +73,33 @@ TEST(DecodeCommandTest, JsonKeepsKeyOrderAndNestsChildren) {
     EXPECT_EQ(templ["length"], 10);
     ASSERT_EQ(templ["children"].size(), 1u);
     EXPECT_EQ(templ["children"][0]["tag"], "5A");
-    EXPECT_EQ(templ["children"][0]["value"], "1111111111111111");
+    EXPECT_EQ(templ["children"][0]["value"], "111111******1111");
     EXPECT_EQ(templ["children"][0]["children"], nlohmann::ordered_json::array());
+}
+
+// Card number, track 2 and cardholder name, at the top level (chip-pin-sale) and inside a
+// template that the decoder leaves whole (chip-templates).
+TEST(DecodeCommandTest, MasksCardDataUnlessAskedToShowIt) {
+    const std::string kCardData[] = {"4761739001010010", "4761739001010010D2712201114380440",
+                                     "43415244484F4C4445522F5649534"};
+    for (const char* example : {"chip-pin-sale.hex", "chip-templates.hex"}) {
+        for (const std::vector<std::string>& args : {std::vector<std::string>{"decode"},
+                                                     {"decode", "--json"},
+                                                     {"split"},
+                                                     {"decode", "--verbose"}}) {
+            SCOPED_TRACE(std::string(example) + " " + args.back());
+            const RunResult masked = runTool(args, readExample(example));
+            ASSERT_EQ(masked.status, 0) << masked.err;
+            std::vector<std::string> shownArgs = args;
+            shownArgs.push_back("--show-sensitive");
+            const RunResult shown = runTool(shownArgs, readExample(example));
+            for (const std::string& data : kCardData) {
+                EXPECT_EQ(masked.out.find(data), std::string::npos) << masked.out;
+                EXPECT_EQ(masked.err.find(data), std::string::npos) << masked.err;
+                EXPECT_NE((shown.out + shown.err).find(data), std::string::npos) << shown.out;
+            }
+        }
+    }
 }
 
 TEST(DecodeCommandTest, CleansPastedInputBeforeDecoding) {

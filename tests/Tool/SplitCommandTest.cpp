@@ -29,7 +29,7 @@ TEST(SplitCommandTest, JsonListsTagNameAndElement) {
     ASSERT_EQ(result.status, 0);
     const std::string expected =
         "[{\"tag\":\"5A\",\"name\":\"Application Primary Account Number (PAN)\","
-        "\"tlv\":\"5A021234\"}]";
+        "\"tlv\":\"5A02<2 bytes>\"}]";
     EXPECT_EQ(nlohmann::ordered_json::parse(result.out).dump(), expected);
 }
 
@@ -45,7 +45,7 @@ TEST(SplitCommandTest, SaysWhereAndWhyItStopped) {
          {"split", "5A0212349F"},
          "",
          0,
-         "5A021234",
+         "5A02<2 bytes>",
          "the last 1 byte(s) do not make a whole element"},
         {"value past the end",
          {"split", "5A0812"},

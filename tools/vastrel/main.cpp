@@ -13,6 +13,7 @@
 #include "LibraryLog.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
+#include "vastrel/Platform/Log.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 
 namespace {
@@ -93,6 +94,10 @@ int main(int argc, char** argv) {
     app.set_version_flag("--version", "vastrel " VASTREL_TOOL_VERSION);
     bool verbose = false;
     app.add_flag("-v,--verbose", verbose, "Show the library's log lines on stderr");
+    bool showSensitive = false;
+    app.add_flag("--show-sensitive", showSensitive,
+                 "Show card numbers, track data, cardholder names and PIN blocks in full, in "
+                 "decode and split output and in the library's log lines (masked by default)");
     app.require_subcommand(1);
     app.fallthrough();  // --verbose may also come after the subcommand
 
@@ -112,5 +117,6 @@ int main(int argc, char** argv) {
         if (e.get_exit_code() == 0) return app.exit(e);  // --help, --version
         return fail(kUsageFailure, std::string(e.what()) + " (see vastrel --help)");
     }
+    if (showSensitive) vastrel::log::setMaskSensitiveData(false);
     return runChosen(commands, verbose);
 }
