@@ -9,11 +9,11 @@
 
 namespace {
 
-// Medians of nine runs, interleaved so that a burst of load from elsewhere on the machine
+// Medians of fifteen runs, interleaved so that a burst of load from elsewhere on the machine
 // falls on several figures a little rather than on one figure a lot. Flags given on the
 // command line come later and win.
-char kRepetitions[] = "--benchmark_repetitions=9";
-char kMinTime[] = "--benchmark_min_time=0.05";
+char kRepetitions[] = "--benchmark_repetitions=15";
+char kMinTime[] = "--benchmark_min_time=0.06";
 char kAggregatesOnly[] = "--benchmark_report_aggregates_only=true";
 char kInterleave[] = "--benchmark_enable_random_interleaving=true";
 
