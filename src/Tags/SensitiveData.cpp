@@ -45,7 +45,11 @@ bool isConstructed(std::string_view tag) {
 
 std::string lengthOnly(std::string_view value) {
     const std::size_t bytes = value.size() / 2;
-    return "<" + std::to_string(bytes) + (bytes == 1 ? " byte>" : " bytes>");
+    // Built in steps: GCC 12 reports a false -Wrestrict on the chained operator+ at -O3.
+    std::string text = "<";
+    text += std::to_string(bytes);
+    text += bytes == 1 ? " byte>" : " bytes>";
+    return text;
 }
 
 }  // namespace
