@@ -18,30 +18,30 @@ extern char** environ;
 namespace vastrel::tool::testing {
 namespace {
 
-// A file in the temporary directory that is removed again when the object goes.
+std::string readFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) throw std::runtime_error("cannot read " + path);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// A file in the temporary directory holding text, removed again when the object goes.
 class TempFile {
   public:
-    TempFile() {
+    explicit TempFile(const std::string& text = "") {
         const char* dir = std::getenv("TMPDIR");
         path_ = std::string(dir != nullptr ? dir : "/tmp") + "/vastrel-tool-test-XXXXXX";
         const int fd = mkstemp(path_.data());
         if (fd < 0) throw std::runtime_error("mkstemp failed for " + path_);
         close(fd);
+        std::ofstream(path_, std::ios::binary) << text;
     }
     ~TempFile() { unlink(path_.c_str()); }
     TempFile(const TempFile&) = delete;
     TempFile& operator=(const TempFile&) = delete;
 
-    [[nodiscard]] const std::string& path() const { return path_; }
-
-    void write(const std::string& text) const { std::ofstream(path_, std::ios::binary) << text; }
-
-    [[nodiscard]] std::string read() const {
-        std::ifstream in(path_, std::ios::binary);
-        std::ostringstream text;
-        text << in.rdbuf();
-        return text.str();
-    }
+    [[nodiscard]] const char* path() const { return path_.c_str(); }
 
   private:
     std::string path_;
@@ -50,17 +50,14 @@ class TempFile {
 }  // namespace
 
 RunResult runTool(const std::vector<std::string>& args, const std::string& input) {
-    TempFile in, out, err;
-    in.write(input);
+    const TempFile in(input), out, err;
 
     // Files rather than pipes: the child can write any amount without waiting for us.
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, in.path().c_str(), O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.path().c_str(),
-                                     O_WRONLY | O_TRUNC, 0);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.path().c_str(),
-                                     O_WRONLY | O_TRUNC, 0);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, in.path(), O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.path(), O_WRONLY | O_TRUNC, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.path(), O_WRONLY | O_TRUNC, 0);
 
     std::vector<std::string> argvText{VASTREL_TOOL_PATH};
     argvText.insert(argvText.end(), args.begin(), args.end());
@@ -77,16 +74,22 @@ RunResult runTool(const std::vector<std::string>& args, const std::string& input
 
     int wait = 0;
     waitpid(pid, &wait, 0);
-    RunResult result;
-    result.status = WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait);
-    result.out = out.read();
-    result.err = err.read();
-    return result;
+    return {WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait), readFile(out.path()),
+            readFile(err.path())};
+}
+
+RunResult runCommand(const std::string& command, const std::string& input) {
+    std::vector<std::string> args;
+    std::istringstream words(command);
+    for (std::string word; words >> word;)
+        args.push_back(word);
+    return runTool(args, input);
 }
 
 void expectCase(const ToolCase& testCase) {
-    SCOPED_TRACE(testCase.reason);
-    const RunResult result = runTool(testCase.args, testCase.input);
+    SCOPED_TRACE(std::string(testCase.reason) + ": vastrel " + testCase.command.substr(0, 60));
+    const RunResult result = runCommand(testCase.command, testCase.input);
+
     EXPECT_EQ(result.status, testCase.status) << "stderr: " << result.err;
     EXPECT_NE(result.out.find(testCase.outContains), std::string::npos) << "stdout: " << result.out;
     if (testCase.errContains.empty()) {
@@ -95,9 +98,12 @@ void expectCase(const ToolCase& testCase) {
         EXPECT_NE(result.err.find(testCase.errContains), std::string::npos)
             << "stderr: " << result.err;
     }
-    // Whatever went wrong, it is one line: no exception dump, no sanitizer report.
+    // Whatever went wrong, it is one line: no half answer, no exception dump, no sanitizer
+    // report.
     if (testCase.status != 0) {
-        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err.rfind("vastrel: error: ", 0), 0U) << result.err;
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
     }
 }
 
@@ -105,12 +111,6 @@ std::string examplePath(const std::string& name) {
     return std::string(VASTREL_EXAMPLES_DIR) + "/" + name;
 }
 
-std::string readExample(const std::string& name) {
-    std::ifstream in(examplePath(name), std::ios::binary);
-    if (!in) throw std::runtime_error("missing example " + name);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
+std::string readExample(const std::string& name) { return readFile(examplePath(name)); }
 
 }  // namespace vastrel::tool::testing

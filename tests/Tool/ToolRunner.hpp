@@ -15,25 +15,26 @@ struct RunResult {
 // Runs the built vastrel program with args, input on its standard input, and waits for it.
 RunResult runTool(const std::vector<std::string>& args, const std::string& input = "");
 
-// One row of a table-driven test: a command line, what it reads on stdin, and what must
-// come out. Empty expectations on stdout are not checked; an empty errContains means
-// stderr must stay empty.
+// The same, for arguments written as one text separated by blanks ("decode --json 5A00").
+RunResult runCommand(const std::string& command, const std::string& input = "");
+
+// One row of a table-driven test: a command line, what must come out, and what it reads on
+// stdin. An empty errContains means stderr must stay empty.
 struct ToolCase {
     const char* reason;
-    std::vector<std::string> args;
-    std::string input;
+    std::string command;  // the arguments, separated by blanks
     int status;
     std::string outContains;
-    std::string errContains;
+    std::string errContains = {};
+    std::string input = {};
 };
 
-// Runs the case and checks status, stdout and stderr, naming the case on failure.
+// Runs the case and checks status, stdout and stderr, naming the case on failure. A failing
+// run must print nothing on stdout and exactly one "vastrel: error: " line on stderr.
 void expectCase(const ToolCase& testCase);
 
-// The text of a file under examples/.
-std::string readExample(const std::string& name);
-
-// The path of a file under examples/.
+// The path of a file under examples/, and its text.
 std::string examplePath(const std::string& name);
+std::string readExample(const std::string& name);
 
 }  // namespace vastrel::tool::testing
