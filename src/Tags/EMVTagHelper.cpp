@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "TagNameTable.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
 
 namespace vastrel {
@@ -38,6 +39,8 @@ constexpr std::uint64_t kNothingToDecode = 9;
 constexpr std::uint64_t kUnrecognised = 0;
 
 }  // namespace
+
+std::span<const TagNameEntry> EMVTagHelper::tagNameDictionary() { return tagnames::allEntries(); }
 
 std::optional<Tag> EMVTagHelper::berTagFromInt(std::string_view tlv) {
     return TLVUtility::tagFromTLVString(tlv);

@@ -4,13 +4,12 @@
 #include <span>
 #include <string_view>
 
+#include "vastrel/Tags/TagNameEntry.hpp"
+
 // The EMV tag-name table behind Tag::tagName, open to the tests.
 namespace vastrel::tagnames {
 
-struct TagNameEntry {
-    std::string_view tag;  // uppercase hex of the tag bytes, "9F34"
-    std::string_view name;
-};
+using vastrel::TagNameEntry;
 
 // Every entry, in the order listed; no tag appears twice.
 std::span<const TagNameEntry> allEntries();

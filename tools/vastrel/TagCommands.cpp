@@ -1,4 +1,5 @@
 // `vastrel tag` and `vastrel tags`: names from the EMV tag dictionary.
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "JsonRender.hpp"
 #include "TextTable.hpp"
 #include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Tags/EMVTagHelper.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -20,29 +22,14 @@ struct TagOptions {
     bool json = false;
 };
 
-std::string hexByte(unsigned byte) {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
-    return {kDigits[byte >> 4], kDigits[byte & 0x0F]};
-}
-
-// Every tag the dictionary names, in hex order. The dictionary is only open to lookups, so
-// this asks it about every one-byte tag and every two-byte tag (first byte ending in 1F,
-// the multi-byte marker) and keeps those it knows.
+// Every tag the dictionary names, in hex order (for uppercase hex text, the order of the
+// strings is the order of the tag bytes).
 std::vector<TagName> dictionary() {
     std::vector<TagName> known;
-    auto keepIfKnown = [&known](const std::string& tag) {
-        std::string name = Tag::tagName(tag);
-        if (name != "Unknown") known.emplace_back(tag, std::move(name));
-    };
-    for (unsigned first = 0; first <= 0xFF; ++first) {
-        if ((first & 0x1F) != 0x1F) {
-            keepIfKnown(hexByte(first));
-            continue;
-        }
-        for (unsigned second = 0; second <= 0xFF; ++second) {
-            keepIfKnown(hexByte(first) + hexByte(second));
-        }
+    for (const TagNameEntry& entry : EMVTagHelper::tagNameDictionary()) {
+        known.emplace_back(std::string(entry.tag), std::string(entry.name));
     }
+    std::sort(known.begin(), known.end());
     return known;
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "vastrel/Codec/Tag.hpp"
 #include "vastrel/Enums/Enumerations.hpp"
+#include "vastrel/Tags/TagNameEntry.hpp"
 
 namespace vastrel {
 
@@ -12,6 +14,9 @@ namespace vastrel {
 // CVM Results. Class operations only; no state.
 class EMVTagHelper {
   public:
+    // Every entry of the dictionary behind Tag::tagName, in the dictionary's own order.
+    static std::span<const TagNameEntry> tagNameDictionary();
+
     // The tag read from the front of tlv (hex), as TLVUtility::tagFromTLVString reads it;
     // absent when no tag can be read.
     static std::optional<Tag> berTagFromInt(std::string_view tlv);
