@@ -11,7 +11,6 @@
 #include "ReceiptInput.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Card/CreditCardHelper.hpp"
-#include "vastrel/Receipt/ReceiptHelper.hpp"
 
 using namespace vastrel;
 using namespace vastrel::fuzz;
@@ -29,16 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(nlohmann::json::accept(text));
 
     const CardData* card = input.cardData ? &*input.cardData : nullptr;
-    const GatewayResponse* response = input.gatewayResponse ? &*input.gatewayResponse : nullptr;
     if (card && card->pan()) FUZZ_CHECK(CreditCardHelper::hasDigitPrefix(*card->pan()));
-    TransactionReceipt receipt;
-    if (input.isChipTransaction()) {
-        receipt = ReceiptHelper::buildEmvReceiptWith(response, card);
-    } else {
-        TransactionRequest request;
-        request.setTransactionType(input.transactionType);
-        receipt = ReceiptHelper::buildMsrReceiptFor(&request, response, card);
-    }
+    const TransactionReceipt receipt = tool::buildReceipt(input);
     FUZZ_CHECK(receipt.maskedPan() == (card ? card->pan() : std::nullopt));
     static_cast<void>(receipt.copy());
     return 0;

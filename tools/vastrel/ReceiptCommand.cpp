@@ -14,8 +14,6 @@
 #include "ReceiptInput.hpp"
 #include "ReceiptLayout.hpp"
 #include "ToolError.hpp"
-#include "vastrel/Model/TransactionRequest.hpp"
-#include "vastrel/Receipt/ReceiptHelper.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -41,23 +39,6 @@ Source readSource(const std::optional<std::string>& file) {
     std::ostringstream text;
     text << in.rdbuf();
     return {*file, text.str()};
-}
-
-TransactionReceipt buildReceipt(const TransactionInput& input) {
-    const GatewayResponse* response = input.gatewayResponse ? &*input.gatewayResponse : nullptr;
-    const CardData* card = input.cardData ? &*input.cardData : nullptr;
-    TransactionReceipt receipt;
-    if (input.isChipTransaction()) {
-        receipt = ReceiptHelper::buildEmvReceiptWith(response, card);
-    } else {
-        TransactionRequest request;
-        request.setTransactionType(input.transactionType);
-        receipt = ReceiptHelper::buildMsrReceiptFor(&request, response, card);
-    }
-    // The builders leave these to the application; the tool fills them in as one would.
-    receipt.setInvoiceNumber(input.invoiceNumber);
-    receipt.setTransactionDateTime(input.transactionDateTime);
-    return receipt;
 }
 
 ReceiptHeader headerFor(const TransactionInput& input) {

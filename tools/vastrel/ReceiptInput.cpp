@@ -13,7 +13,9 @@
 #include "ReceiptDate.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
+#include "vastrel/Model/TransactionRequest.hpp"
 #include "vastrel/Platform/Decimal.hpp"
+#include "vastrel/Receipt/ReceiptHelper.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -196,6 +198,23 @@ TransactionInput parseTransaction(std::string_view text, std::string_view source
     } catch (const InputError& error) {
         throw InputError(std::string(source) + ": " + error.what());
     }
+}
+
+TransactionReceipt buildReceipt(const TransactionInput& input) {
+    const GatewayResponse* response = input.gatewayResponse ? &*input.gatewayResponse : nullptr;
+    const CardData* card = input.cardData ? &*input.cardData : nullptr;
+    TransactionReceipt receipt;
+    if (input.isChipTransaction()) {
+        receipt = ReceiptHelper::buildEmvReceiptWith(response, card);
+    } else {
+        TransactionRequest request;
+        request.setTransactionType(input.transactionType);
+        receipt = ReceiptHelper::buildMsrReceiptFor(&request, response, card);
+    }
+    // The builders leave these to the application; the tool fills them in as one would.
+    receipt.setInvoiceNumber(input.invoiceNumber);
+    receipt.setTransactionDateTime(input.transactionDateTime);
+    return receipt;
 }
 
 }  // namespace vastrel::tool

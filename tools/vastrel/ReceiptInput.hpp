@@ -34,4 +34,8 @@ struct TransactionInput {
 // text, or a card number whose first six characters are not digits.
 TransactionInput parseTransaction(std::string_view json, std::string_view source);
 
+// The receipt of a transaction: the EMV builder when it carries chip data, else the stripe
+// builder; then the invoice number and date, which the builders leave to the application.
+TransactionReceipt buildReceipt(const TransactionInput& input);
+
 }  // namespace vastrel::tool
