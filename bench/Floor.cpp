@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "Codec/HexInternal.hpp"
+#include "Codec/HexDecode.hpp"
 
 namespace vastrel::bench {
 namespace {

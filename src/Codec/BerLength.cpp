@@ -6,42 +6,32 @@
 #include <span>
 #include <string>
 
-#include "HexInternal.hpp"
+#include "CodecRules.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 
 namespace vastrel {
 namespace {
 
-// The encoded field for one length, without allocation.
-struct LengthField {
-    std::array<std::uint8_t, 3> bytes{};
-    std::size_t size = 0;
-
-    std::span<const std::uint8_t> view() const { return {bytes.data(), size}; }
-};
-
-// The field for n: n below 128; 81 n up to 255; 82 hi lo up to 65535. The three-byte form
-// has always been written with a fixed 82 and a three-entry reversal buffer, which raised
-// the range exception for anything longer; callers never pass more, and the limit stays.
-LengthField lengthField(std::uint64_t n) {
-    if (n < 128) return {{static_cast<std::uint8_t>(n)}, 1};
-    if (n <= 255) return {{0x81, static_cast<std::uint8_t>(n)}, 2};
+// The field for n. Lengths above 65535 have always raised the range exception here (the
+// three-byte form was written with a fixed 82 into a three-entry buffer); callers never
+// pass more, and the limit stays.
+codec::LengthField checkedLengthField(std::uint64_t n) {
     if (n > 0xFFFF) {
         throw RangeError("BER length " + std::to_string(n) +
                          " needs more than two length bytes, which are not supported");
     }
-    return {{0x82, static_cast<std::uint8_t>(n >> 8), static_cast<std::uint8_t>(n)}, 3};
+    return codec::lengthField(static_cast<std::uint16_t>(n));
 }
 
 }  // namespace
 
 Bytes BerLength::getEncodedLength(std::uint64_t n) {
-    const LengthField field = lengthField(n);
+    const codec::LengthField field = checkedLengthField(n);
     return Bytes(field.bytes.begin(), field.bytes.begin() + field.size);
 }
 
 std::string BerLength::getEncodedLengthHexString(std::uint64_t n) {
-    return codec::hexUpper(lengthField(n).view());
+    return codec::hexUpper(checkedLengthField(n).view());
 }
 
 void BerLength::encodeLengthFor(std::uint64_t n, Bytes& data, std::uint64_t offset) {
@@ -54,7 +44,7 @@ void BerLength::encodeLengthFor(std::uint64_t n, Bytes& data, std::uint64_t offs
     if (n > 255 && offset != 0) {
         throw RangeError("BER length " + std::to_string(n) + " can only be written at offset 0");
     }
-    const LengthField field = lengthField(n);
+    const codec::LengthField field = checkedLengthField(n);
     const std::size_t end = static_cast<std::size_t>(offset) + field.size;
     if (data.size() < end) data.resize(end);
     std::copy(field.bytes.begin(), field.bytes.begin() + field.size,

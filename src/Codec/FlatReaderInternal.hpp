@@ -4,7 +4,6 @@
 // TLVUtility::tagFromTLVString: tags of any length, short-form lengths only. The nested
 // decoder (TLVDecoder) has different limits and keeps its own reader.
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -13,7 +12,7 @@
 #include <string_view>
 
 #include "vastrel/Codec/BerLength.hpp"
-#include "vastrel/Codec/TLVUtility.hpp"
+#include "vastrel/Codec/TLVSplit.hpp"
 #include "vastrel/Codec/Tag.hpp"
 #include "vastrel/Platform/Log.hpp"
 #include "vastrel/Platform/RangeError.hpp"
@@ -38,26 +37,29 @@ struct FlatElement {
     std::span<const std::uint8_t> value;
 };
 
-// Calls visit(FlatElement) for each complete element at the front of data, in order.
-// Stops silently at a tail that ends inside a tag or before its length byte. Stops with
-// the log line "unimplemented" at a length byte 80, or at the byte after a long-form
-// length byte (so a long-form byte that is the last byte stops without a line). Throws
-// RangeError when a value runs past the end of data.
+// Calls visit(FlatElement) for each complete element at the front of data, in order, and
+// returns why it stopped. Stops silently at a tail that ends inside a tag or before its
+// length byte (Incomplete). Stops with the log line "unimplemented" at a length byte 80, or
+// at the byte after a long-form length byte (UnreadLength); so a long-form byte that is the
+// last byte stops without a line (Incomplete). Throws RangeError when a value runs past the
+// end of data.
 template <class Visit>
-void forEachFlatElement(std::span<const std::uint8_t> data, Visit&& visit) {
+TLVSplit::Stop forEachFlatElement(std::span<const std::uint8_t> data, Visit&& visit) {
+    using Stop = TLVSplit::Stop;
     std::size_t offset = 0;  // of data within the caller's bytes, for the error message
     while (!data.empty()) {
         const std::optional<std::size_t> tagLength = flatTagLength(data);
-        if (!tagLength || *tagLength == data.size()) return;
+        if (!tagLength || *tagLength == data.size()) return Stop::Incomplete;
         const std::uint8_t lengthByte = data[*tagLength];
         const std::span<const std::uint8_t> rest = data.subspan(*tagLength + 1);
         switch (BerLength::getTagLengthType(lengthByte)) {
             case 2:
                 log::write("unimplemented");
-                return;
+                return Stop::UnreadLength;
             case 1:
-                if (!rest.empty()) log::write("unimplemented");
-                return;
+                if (rest.empty()) return Stop::Incomplete;
+                log::write("unimplemented");
+                return Stop::UnreadLength;
             default:
                 break;
         }
@@ -71,16 +73,7 @@ void forEachFlatElement(std::span<const std::uint8_t> data, Visit&& visit) {
         data = data.subspan(size);
         offset += size;
     }
-}
-
-// True when the tag bytes that TLVUtility::tagFromTLVString reads from tlv equal the front
-// of pattern over the tag's own length; so true for no tag bytes at all.
-inline bool tagIsPrefixOf(std::string_view tlv, std::span<const std::uint8_t> pattern) {
-    const std::optional<Tag> tag = TLVUtility::tagFromTLVString(tlv);
-    if (!tag) return true;
-    const Bytes& bytes = tag->value();
-    return bytes.size() <= pattern.size() &&
-           std::equal(bytes.begin(), bytes.end(), pattern.begin());
+    return Stop::Complete;
 }
 
 }  // namespace vastrel::codec

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
-#include <map>
 #include <string>
 #include <utility>
 
-#include "HexInternal.hpp"
+#include "CodecRules.hpp"
+#include "DecoderSummary.hpp"
+#include "HexDecode.hpp"
+#include "HexEncode.hpp"
 #include "vastrel/Codec/BerLength.hpp"
+#include "vastrel/Codec/TLVDepth.hpp"
 #include "vastrel/Codec/Tag.hpp"
 #include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/Platform/Log.hpp"
@@ -16,64 +18,6 @@
 
 namespace vastrel {
 namespace {
-
-// One tag's entry in a level's log summary.
-struct SummaryEntry {
-    std::string name;
-    std::int32_t length = 0;
-    std::string value;
-};
-
-// Keyed by tag text; sorted, so the logged line does not depend on input order.
-using Summary = std::map<std::string, SummaryEntry, std::less<>>;
-
-// Appends text as the platform's dictionary description writes a string: bare when it is
-// made of letters, digits and _$/:.- only, otherwise quoted with " and \ escaped.
-void appendDescriptionString(std::string& out, std::string_view text) {
-    const auto isBare = [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-               std::strchr("_$/:.-", c) != nullptr;
-    };
-    if (!text.empty() && std::all_of(text.begin(), text.end(), isBare)) {
-        out += text;
-        return;
-    }
-    out += '"';
-    for (const char c : text) {
-        if (c == '"' || c == '\\') out += '\\';
-        if (c == '\n') {
-            out += "\\n";
-        } else {
-            out += c;
-        }
-    }
-    out += '"';
-}
-
-// The summary as a dictionary description, e.g.
-//   {
-//       9F02 =     {
-//           length = 6;
-//           name = "Amount, Authorised (Numeric)";
-//           value = 000000001000;
-//       };
-//   }
-std::string describeSummary(const Summary& summary) {
-    std::string out = "{\n";
-    for (const auto& [tag, entry] : summary) {
-        out += "    ";
-        appendDescriptionString(out, tag);
-        out += " =     {\n        length = ";
-        out += std::to_string(entry.length);
-        out += ";\n        name = ";
-        appendDescriptionString(out, entry.name);
-        out += ";\n        value = ";
-        appendDescriptionString(out, entry.value);
-        out += ";\n    };\n";
-    }
-    out += '}';
-    return out;
-}
 
 // The byte numbers as "%02lX" writes each one: two uppercase digits for 0 to 255, more for
 // larger numbers, and a negative number as its 64-bit two's complement.
@@ -104,8 +48,8 @@ std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec
 // which read the same since every byte is a number from 0 to 255.
 template <class Number>
 struct Level {
-    explicit Level(std::span<const Number> levelBytes)
-        : bytes(levelBytes), n(static_cast<std::int64_t>(levelBytes.size())) {
+    Level(std::span<const Number> levelBytes, bool mayExpand)
+        : bytes(levelBytes), n(static_cast<std::int64_t>(levelBytes.size())), expands(mayExpand) {
         // Elements take several bytes each; growth covers denser data.
         result.reserve(static_cast<std::size_t>(std::min<std::int64_t>(n / 4 + 1, 64)));
         if (log::enabled()) summary.emplace();
@@ -114,8 +58,10 @@ struct Level {
     std::span<const Number> bytes;
     std::int64_t n;
     std::int64_t p = 0;
+    // False at the deepest level expanded: its templates are kept whole.
+    bool expands;
     std::vector<TLVObject> result;
-    std::optional<Summary> summary;  // built only when it will be logged
+    std::optional<codec::Summary> summary;  // built only when it will be logged
     // Read once per level, so a line never mixes masked and unmasked values.
     bool maskSensitiveData = log::masksSensitiveData();
     // The constructed element (in result) whose value is being decoded one level down.
@@ -146,8 +92,8 @@ void completeWithValue(Level<Number>& level, TLVObject& element, std::int32_t le
         // line, and its last child, which is never expanded, could carry a card number.
         std::string shown =
             level.maskSensitiveData ? SensitiveData::maskedValue(*element.tag(), value) : value;
-        level.summary->insert_or_assign(*element.tag(),
-                                        SummaryEntry{*element.tagName(), length, std::move(shown)});
+        level.summary->insert_or_assign(
+            *element.tag(), codec::SummaryEntry{*element.tagName(), length, std::move(shown)});
     }
     element.setValue(std::move(value));
     element.setInnerTlvs(std::move(children));
@@ -155,9 +101,10 @@ void completeWithValue(Level<Number>& level, TLVObject& element, std::int32_t le
 
 // Reads elements of the level from level.p until the level ends (returns nothing) or a
 // constructed element's value has to be decoded one level down (returns that value; the
-// element waits at level.pendingIndex).
+// element waits at level.pendingIndex). A template in the deepest level expanded is kept
+// whole, and the first one of a call is logged (toldTooDeep then set).
 template <class Number>
-std::optional<std::span<const Number>> readElements(Level<Number>& level) {
+std::optional<std::span<const Number>> readElements(Level<Number>& level, bool& toldTooDeep) {
     const std::span<const Number> bytes = level.bytes;
     const std::int64_t n = level.n;
     std::int64_t& p = level.p;
@@ -215,9 +162,13 @@ std::optional<std::span<const Number>> readElements(Level<Number>& level) {
             return std::nullopt;
         }
         if (constructed && length > 0) {
-            level.pendingIndex = level.result.size() - 1;
-            level.pendingLength = length;
-            return bytes.subspan(static_cast<std::size_t>(p), static_cast<std::size_t>(length));
+            if (level.expands) {
+                level.pendingIndex = level.result.size() - 1;
+                level.pendingLength = length;
+                return bytes.subspan(static_cast<std::size_t>(p), static_cast<std::size_t>(length));
+            }
+            if (!toldTooDeep) log::write("TLV nesting too deep");
+            toldTooDeep = true;
         }
         completeWithValue(level, element, length, std::nullopt);
     }
@@ -225,21 +176,24 @@ std::optional<std::span<const Number>> readElements(Level<Number>& level) {
 }
 
 // decodeTlv over any kind of byte numbers: absent for no bytes, else the top level's
-// elements. Levels are kept on the heap, not the call stack: the data chooses the nesting
-// depth (up to one level per three bytes), so deep input cannot exhaust the stack here.
+// elements. Levels are kept on the heap, not the call stack, and at most kMaxTLVDepth of
+// them: every level's value holds its whole subtree as hex, so without a bound the data
+// (up to one level per three bytes) would choose a cost that grows with the square of its
+// size.
 template <class Number>
 std::optional<std::vector<TLVObject>> decodeLevels(std::span<const Number> bytes) {
     if (bytes.empty()) return std::nullopt;
     std::vector<Level<Number>> levels;
     levels.reserve(4);
-    levels.emplace_back(bytes);
+    levels.emplace_back(bytes, kMaxTLVDepth > 1);
+    bool toldTooDeep = false;
     for (;;) {
-        if (const auto children = readElements(levels.back())) {
-            levels.emplace_back(*children);
+        if (const auto children = readElements(levels.back(), toldTooDeep)) {
+            levels.emplace_back(*children, levels.size() + 1 < kMaxTLVDepth);
             continue;
         }
         Level<Number>& finished = levels.back();
-        if (finished.summary) log::write(describeSummary(*finished.summary));
+        if (finished.summary) log::write(codec::describeSummary(*finished.summary));
         std::vector<TLVObject> result = std::move(finished.result);
         levels.pop_back();
         if (levels.empty()) return result;
@@ -247,24 +201,6 @@ std::optional<std::vector<TLVObject>> decodeLevels(std::span<const Number> bytes
         completeWithValue(parent, parent.result[parent.pendingIndex], parent.pendingLength,
                           std::move(result));
     }
-}
-
-// Whitespace and newline characters as the platform's scanner skips them: the ASCII ones
-// and, in UTF-8, U+0085, U+00A0, U+1680, U+2000 to U+200A, U+2028, U+2029, U+202F, U+205F
-// and U+3000. Returns the character's byte count at the front of text, or 0.
-std::size_t scannerSpaceLength(std::string_view text) {
-    if (text.empty()) return 0;
-    const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    if (codec::isCSpace(at(0))) return 1;
-    if (text.size() >= 2 && at(0) == 0xC2 && (at(1) == 0x85 || at(1) == 0xA0)) return 2;
-    if (text.size() < 3) return 0;
-    const unsigned c0 = at(0), c1 = at(1), c2 = at(2);
-    const bool wide = (c0 == 0xE1 && c1 == 0x9A && c2 == 0x80) ||
-                      (c0 == 0xE2 && c1 == 0x80 &&
-                       ((c2 >= 0x80 && c2 <= 0x8A) || c2 == 0xA8 || c2 == 0xA9 || c2 == 0xAF)) ||
-                      (c0 == 0xE2 && c1 == 0x81 && c2 == 0x9F) ||
-                      (c0 == 0xE3 && c1 == 0x80 && c2 == 0x80);
-    return wide ? 3 : 0;
 }
 
 }  // namespace
@@ -291,7 +227,7 @@ std::optional<std::vector<TLVObject>> TLVDecoder::decodeTlv(std::span<const std:
 }
 
 std::uint32_t TLVDecoder::hexToInt(std::string_view hex) {
-    while (const std::size_t skip = scannerSpaceLength(hex))
+    while (const std::size_t skip = codec::scannerSpaceLength(hex))
         hex.remove_prefix(skip);
     if (hex.size() >= 3 && hex[0] == '0' && (hex[1] == 'x' || hex[1] == 'X') &&
         codec::isHexDigit(static_cast<unsigned char>(hex[2]))) {

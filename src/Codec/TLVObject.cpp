@@ -35,6 +35,31 @@ std::int64_t integerValue(std::string_view text) {
 
 TLVObject::TLVObject() : tagName_(""), tag_(""), length_(""), value_("") {}
 
+TLVObject::TLVObject(const TLVObject& other) {
+    // Each pending pair is an element and its copy, whose fields and children are still to
+    // be copied.
+    std::vector<std::pair<const TLVObject*, TLVObject*>> pending = {{&other, this}};
+    while (!pending.empty()) {
+        const auto [source, copy] = pending.back();
+        pending.pop_back();
+        copy->tagName_ = source->tagName_;
+        copy->tag_ = source->tag_;
+        copy->length_ = source->length_;
+        copy->value_ = source->value_;
+        if (!source->innerTlvs_) continue;
+        // Sized once, so the addresses pushed below stay valid.
+        const std::vector<TLVObject>& children = *source->innerTlvs_;
+        std::vector<TLVObject>& copies = copy->innerTlvs_.emplace(children.size());
+        for (std::size_t i = 0; i < children.size(); ++i)
+            pending.emplace_back(&children[i], &copies[i]);
+    }
+}
+
+TLVObject& TLVObject::operator=(const TLVObject& other) {
+    if (this != &other) *this = TLVObject(other);
+    return *this;
+}
+
 TLVObject::~TLVObject() {
     if (!innerTlvs_ || innerTlvs_->empty()) return;
     std::vector<TLVObject> pending = std::move(*innerTlvs_);

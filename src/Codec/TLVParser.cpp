@@ -1,32 +1,29 @@
 #include "vastrel/Codec/TLVParser.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 
+#include "CodecRules.hpp"
 #include "FlatReaderInternal.hpp"
-#include "HexInternal.hpp"
+#include "vastrel/Codec/TLVSplit.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
 
 namespace vastrel {
-namespace {
 
-// Tag 71 compares from the first byte, tag 72 from the second; only a one-byte tag can
-// match either way.
-constexpr std::array<std::uint8_t, 5> kScriptTemplateTags = {0x71, 0x72, 0x71, 0x72, 0x00};
-
-}  // namespace
-
-std::vector<std::string> TLVParser::splitTLVData(std::string_view hex) {
+TLVSplit TLVSplit::of(std::string_view hex) {
     const Bytes bytes = TLVUtility::dataWithHexString(hex);
-    std::vector<std::string> pieces;
+    TLVSplit split;
     // Elements of EMV data average several bytes; growth covers larger inputs.
-    pieces.reserve(std::min<std::size_t>(bytes.size() / 2, 64));
-    codec::forEachFlatElement(bytes, [&pieces](const codec::FlatElement& element) {
-        std::string& piece = pieces.emplace_back(2 * element.encoding.size(), '\0');
+    split.pieces.reserve(std::min<std::size_t>(bytes.size() / 2, 64));
+    split.stop = codec::forEachFlatElement(bytes, [&split](const codec::FlatElement& element) {
+        std::string& piece = split.pieces.emplace_back(2 * element.encoding.size(), '\0');
         codec::writeHex(element.encoding, piece.data());
     });
-    return pieces;
+    return split;
+}
+
+std::vector<std::string> TLVParser::splitTLVData(std::string_view hex) {
+    return TLVSplit::of(hex).pieces;
 }
 
 std::vector<TLVObject> TLVParser::tlvObjectsFromTLVData(std::string_view hex) {
@@ -37,11 +34,11 @@ std::vector<TLVObject> TLVParser::tlvObjectsFromTLVData(std::string_view hex) {
 }
 
 bool TLVParser::isIssuerScriptTemplate1(std::string_view tlv) {
-    return codec::tagIsPrefixOf(tlv, kScriptTemplateTags);
+    return codec::startsWithScriptTemplate(tlv, codec::kIssuerScriptTemplate1);
 }
 
 bool TLVParser::isIssuerScriptTemplate2(std::string_view tlv) {
-    return codec::tagIsPrefixOf(tlv, std::span(kScriptTemplateTags).subspan(1));
+    return codec::startsWithScriptTemplate(tlv, codec::kIssuerScriptTemplate2);
 }
 
 }  // namespace vastrel

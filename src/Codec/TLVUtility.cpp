@@ -4,32 +4,13 @@
 #include <array>
 #include <cstring>
 
+#include "CodecRules.hpp"
 #include "FlatReaderInternal.hpp"
-#include "HexInternal.hpp"
+#include "HexDecode.hpp"
 #include "vastrel/Codec/Utilities.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
 
 namespace vastrel {
-namespace {
-
-constexpr std::array<std::uint8_t, 3> kScriptTemplate1Tag = {0x71, 0x72, 0x00};
-constexpr std::array<std::uint8_t, 2> kScriptTemplate2Tag = {0x72, 0x00};
-
-// Appends the length field for a value of count bytes, as "%02X", "81%02X" or "82%04X"
-// (more than four digits from 65536 on: never checked).
-void appendCreatedLength(std::string& out, std::int32_t count) {
-    if (count > 255) {
-        out += "82";
-        codec::appendHexNumber(out, static_cast<std::uint32_t>(count), 4);
-    } else if (count >= 128) {
-        out += "81";
-        codec::appendHexNumber(out, static_cast<std::uint32_t>(count), 2);
-    } else {
-        codec::appendHexNumber(out, static_cast<std::uint32_t>(count), 2);
-    }
-}
-
-}  // namespace
 
 TLVUtility& TLVUtility::sharedInstance() {
     static TLVUtility instance;
@@ -100,11 +81,11 @@ std::string TLVUtility::tagValueFromTLV(std::string_view tlv) {
 }
 
 bool TLVUtility::isIssuerScriptTemplate1(std::string_view tlv) {
-    return codec::tagIsPrefixOf(tlv, kScriptTemplate1Tag);
+    return codec::startsWithScriptTemplate(tlv, codec::kIssuerScriptTemplate1);
 }
 
 bool TLVUtility::isIssuerScriptTemplate2(std::string_view tlv) {
-    return codec::tagIsPrefixOf(tlv, kScriptTemplate2Tag);
+    return codec::startsWithScriptTemplate(tlv, codec::kIssuerScriptTemplate2);
 }
 
 std::optional<TLVObject> TLVUtility::findTLVObject(
@@ -124,11 +105,12 @@ std::optional<TLVObject> TLVUtility::findTLVObject(
 }
 
 std::string TLVUtility::createTLVFromTag(std::string_view tag, std::string_view value) {
+    // The byte count as a 32-bit int, as it has always been taken.
     const std::int32_t count = static_cast<std::int32_t>(value.size()) / 2;
     std::string out;
     out.reserve(tag.size() + 6 + value.size());
     out += tag;
-    appendCreatedLength(out, count);
+    codec::appendLengthFieldHex(out, static_cast<std::uint32_t>(count));
     out += value;
     return out;
 }

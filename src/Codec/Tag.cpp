@@ -2,6 +2,19 @@
 
 #include <string_view>
 
+#include "Tags/TagNameTable.hpp"
+
+namespace vastrel {
+
+std::string Tag::tagName(std::optional<std::string_view> tag) {
+    if (tag) {
+        if (const auto name = tagnames::findName(*tag)) return std::string(*name);
+    }
+    return "Unknown";
+}
+
+}  // namespace vastrel
+
 std::size_t std::hash<vastrel::Tag>::operator()(const vastrel::Tag& tag) const noexcept {
     const vastrel::Bytes& bytes = tag.value();
     return std::hash<std::string_view>{}(

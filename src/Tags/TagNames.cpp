@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "Codec/CodecRules.hpp"
 #include "Tags/TagNameTable.hpp"
-#include "vastrel/Codec/Tag.hpp"
 
 namespace vastrel {
 namespace tagnames {
@@ -160,34 +160,14 @@ constexpr std::array<TagNameEntry, 136> kEntries = {{
 constexpr std::array<std::uint8_t, 4> kLeadingBytes = {0x5F, 0x9F, 0xBF, 0xDF};
 constexpr std::size_t kSlotCount = 256 * (1 + kLeadingBytes.size());
 
-// Value of an uppercase hex digit, -1 for anything else (lower case included: lookups are
-// case-sensitive).
-constexpr std::array<std::int8_t, 256> kUpperHexDigits = [] {
-    std::array<std::int8_t, 256> digits{};
-    digits.fill(-1);
-    for (int i = 0; i < 10; ++i) {
-        digits['0' + i] = static_cast<std::int8_t>(i);
-    }
-    for (int i = 0; i < 6; ++i) {
-        digits['A' + i] = static_cast<std::int8_t>(10 + i);
-    }
-    return digits;
-}();
-
-// The byte written by two uppercase hex digits, or -1.
-constexpr int upperHexByte(char high, char low) {
-    const int h = kUpperHexDigits[static_cast<unsigned char>(high)];
-    const int l = kUpperHexDigits[static_cast<unsigned char>(low)];
-    return (h | l) < 0 ? -1 : h * 16 + l;
-}
-
-// The slot of a tag text, or absent when no listed tag could be written that way.
+// The slot of a tag text, or absent when no listed tag could be written that way. Lookups
+// are case-sensitive: only uppercase hex digits are read.
 constexpr std::optional<std::size_t> slotOf(std::string_view tag) {
     if (tag.size() != 2 && tag.size() != 4) return std::nullopt;
-    const int first = upperHexByte(tag[0], tag[1]);
+    const int first = codec::hexByte(tag[0], tag[1], true);
     if (first < 0) return std::nullopt;
     if (tag.size() == 2) return static_cast<std::size_t>(first);
-    const int second = upperHexByte(tag[2], tag[3]);
+    const int second = codec::hexByte(tag[2], tag[3], true);
     if (second < 0) return std::nullopt;
     for (std::size_t lead = 0; lead < kLeadingBytes.size(); ++lead) {
         if (kLeadingBytes[lead] == first) {
@@ -227,12 +207,4 @@ std::span<const TagNameEntry> allEntries() { return kEntries; }
 std::optional<std::string_view> findName(std::string_view tag) { return lookUpName(tag); }
 
 }  // namespace tagnames
-
-std::string Tag::tagName(std::optional<std::string_view> tag) {
-    if (tag) {
-        if (const auto name = tagnames::lookUpName(*tag)) return std::string(*name);
-    }
-    return "Unknown";
-}
-
 }  // namespace vastrel

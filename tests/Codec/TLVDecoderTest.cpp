@@ -4,6 +4,7 @@
 #include <pthread.h>
 
 #include "CodecTestSupport.hpp"
+#include "vastrel/Codec/TLVDepth.hpp"
 
 namespace vastrel {
 namespace {
@@ -119,42 +120,66 @@ TEST(TLVDecoderTest, SummaryMasksCardDataByDefault) {
                      "{\n" + entry("70", 14, "EMV Proprietary Template", "\"<14 bytes>\"") + "}"}));
 }
 
-// Nesting depth is chosen by the data, so decoding must not take call-stack space per
-// level: decoding and destroying the tree run on a thread with a small stack.
-TEST(TLVDecoderTest, DeepNestingDoesNotUseTheCallStack) {
-    constexpr int kDepth = 2000;
-    // Each level is E0 82 <length> <the level below> 00: the trailing 00 keeps the E0 from
-    // being its level's last element, so every level is expanded.
+// Templates nested `templates` deep around 5A0111, each followed by a 00 that keeps it from
+// being its level's last element, so that every level is expanded.
+std::vector<std::int32_t> nestedTemplates(int templates) {
     std::vector<std::int32_t> bytes = {0x5A, 0x01, 0x11};
-    for (int level = 0; level < kDepth; ++level) {
+    for (int level = 0; level < templates; ++level) {
         const auto length = static_cast<std::int32_t>(bytes.size());
         bytes.insert(bytes.begin(), {0xE0, 0x82, length >> 8, length & 0xFF});
         bytes.push_back(0);
     }
-    struct Job {
-        std::span<const std::int32_t> bytes;
-        int depth = 0;
-    } job{bytes, 0};
-    const auto run = [](void* argument) -> void* {
-        auto& job = *static_cast<Job*>(argument);
-        const auto result = TLVDecoder::decodeTlv(job.bytes);
-        for (const auto* level = &result; *level && (*level)->size() == 1;
-             level = &(*level)->front().innerTlvs()) {
-            ++job.depth;
-        }
-        return nullptr;
-    };
-    log::setEnabled(false);
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, 256 * 1024);
-    pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attributes, +run, &job), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-    log::setEnabled(true);
+    return bytes;
+}
 
-    EXPECT_EQ(job.depth, kDepth + 1);  // kDepth E0 levels and the 5A inside
+struct DepthCase {
+    int templates;
+    int expandedLevels;  // levels with children, from the top
+    bool logsTooDeep;
+};
+
+// Up to the limit every template is expanded; past it the template at the deepest level is
+// kept whole, and one line says so. Decoding and destroying run on a 256 KiB stack.
+TEST(TLVDecoderTest, ExpandsTemplatesDownToTheDepthLimit) {
+    const int limit = static_cast<int>(kMaxTLVDepth);
+    const DepthCase cases[] = {
+        {limit - 1, limit - 1, false},
+        {limit, limit - 1, true},
+        {5000, limit - 1, true},
+    };
+    for (const DepthCase& c : cases) {
+        SCOPED_TRACE(c.templates);
+        struct Job {
+            std::vector<std::int32_t> bytes;
+            int expanded = 0;
+            std::string deepestValue;
+        } job{nestedTemplates(c.templates), 0, {}};
+        const auto run = [](void* argument) -> void* {
+            auto& job = *static_cast<Job*>(argument);
+            const auto result = TLVDecoder::decodeTlv(job.bytes);
+            const TLVObject* element = &result->front();
+            for (; element->innerTlvs(); element = &element->innerTlvs()->front())
+                ++job.expanded;
+            job.deepestValue = *element->value();
+            return nullptr;
+        };
+        LogCapture log;
+        pthread_attr_t attributes;
+        pthread_attr_init(&attributes);
+        pthread_attr_setstacksize(&attributes, 256 * 1024);
+        pthread_t thread;
+        ASSERT_EQ(pthread_create(&thread, &attributes, +run, &job), 0);
+        pthread_join(thread, nullptr);
+        pthread_attr_destroy(&attributes);
+
+        EXPECT_EQ(job.expanded, c.expandedLevels);
+        const auto tooDeep =
+            std::count(log.lines().begin(), log.lines().end(), "TLV nesting too deep");
+        EXPECT_EQ(tooDeep, c.logsTooDeep ? 1 : 0);
+        // The deepest element keeps its whole value: 11, or the subtree of the template.
+        const std::size_t keptBytes = nestedTemplates(c.templates - limit).size();
+        EXPECT_EQ(job.deepestValue.size(), c.logsTooDeep ? 2 * keptBytes : 2u);
+    }
 }
 
 }  // namespace

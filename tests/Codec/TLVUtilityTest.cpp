@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "Codec/HexInternal.hpp"
+#include "Codec/HexDecode.hpp"
 #include "CodecTestSupport.hpp"
 #include "vastrel/Codec/TLVParser.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"

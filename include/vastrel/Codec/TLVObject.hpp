@@ -19,12 +19,12 @@ class TLVObject {
     // Nothing else is parsed.
     explicit TLVObject(std::string_view tag);
 
-    TLVObject(const TLVObject&) = default;
+    // Copying and destruction take no stack frame per level of nesting: a tree may be built
+    // as deep as its owner likes.
+    TLVObject(const TLVObject& other);
     TLVObject(TLVObject&&) noexcept = default;
-    TLVObject& operator=(const TLVObject&) = default;
+    TLVObject& operator=(const TLVObject& other);
     TLVObject& operator=(TLVObject&&) noexcept = default;
-    // Releases nested elements without one stack frame per level: the nesting of decoded
-    // data is chosen by whoever sent it.
     ~TLVObject();
 
     const std::optional<std::string>& tagName() const { return tagName_; }

@@ -78,8 +78,8 @@ class Tag {
     // True when b >> 7 is 0 (bit 0x80 clear, for byte values; false for negative b).
     static constexpr bool isLast(std::int32_t b) { return (b >> 7) == 0; }
 
-    // The display name of the tag written as uppercase hex ("9F02"). Defined with the
-    // tag-name table.
+    // The display name of the tag written as uppercase hex ("9F02"), from the tag-name
+    // table of Tags/; "Unknown" for an absent or unlisted tag. Letter case counts.
     static std::string tagName(std::optional<std::string_view> tag);
 
   private:
