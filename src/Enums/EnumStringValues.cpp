@@ -7,14 +7,10 @@
 #include <string_view>
 
 #include "Codec/DigitKeys.hpp"
+#include "vastrel/Enums/EnumRows.hpp"
 
 namespace vastrel {
 namespace {
-
-struct EnumRow {
-    std::uint64_t value;
-    std::string_view text;
-};
 
 // The rows of each table in the order they are listed; the order decides which row a key
 // collision keeps.
@@ -205,6 +201,18 @@ Dictionary dictionaryFrom(const KeyedTable& keyed) {
 }
 
 }  // namespace
+
+std::span<const EnumRow> EnumRows::rowsForEnumType(EnumType type) {
+    const auto index = tableIndex(type);
+    return index ? kTables[*index] : std::span<const EnumRow>();
+}
+
+std::string_view EnumRows::textFor(EnumType type, std::uint64_t value) {
+    for (const EnumRow& row : rowsForEnumType(type)) {
+        if (row.value == value) return row.text;
+    }
+    return {};
+}
 
 const std::map<std::string, std::string>* EnumStringValues::dictionaryForEnumType(EnumType type) {
     static const std::array<Dictionary, kTableCount> dictionaries = [] {

@@ -5,6 +5,7 @@
 
 #include "TagNameTable.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
+#include "vastrel/Tags/CardholderAuthenticationMethods.hpp"
 
 namespace vastrel {
 namespace {
@@ -38,6 +39,20 @@ constexpr std::array<CvmCodeMethod, 12> kMethodsByCode = {{
 constexpr std::uint64_t kNothingToDecode = 9;
 constexpr std::uint64_t kUnrecognised = 0;
 
+struct MethodMeaning {
+    std::uint64_t method;
+    std::string_view meaning;
+};
+
+// Every value the reading gives, with the codes above that give it.
+constexpr std::array<MethodMeaning, 5> kMeanings = {{
+    {kUnrecognised, "no CVM required, CVM failed, or a code not recognised"},
+    {1, "enciphered PIN verified online"},
+    {2, "plaintext PIN verified by the card"},
+    {4, "signature, or enciphered PIN verified by the card and signature"},
+    {kNothingToDecode, "no CVM performed"},
+}};
+
 }  // namespace
 
 std::span<const TagNameEntry> EMVTagHelper::tagNameDictionary() { return tagnames::allEntries(); }
@@ -68,6 +83,13 @@ CardholderAuthenticationMethod EMVTagHelper::cardholderAuthenticationMethodfromT
         if (row.code == code) return CardholderAuthenticationMethod{row.method};
     }
     return CardholderAuthenticationMethod{kUnrecognised};
+}
+
+std::string_view CardholderAuthenticationMethods::meaning(CardholderAuthenticationMethod method) {
+    for (const MethodMeaning& row : kMeanings) {
+        if (row.method == static_cast<std::uint64_t>(method)) return row.meaning;
+    }
+    return {};
 }
 
 }  // namespace vastrel

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "CodecTestSupport.hpp"
+#include "support/TestSupport.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 
 namespace vastrel {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
-#include "CodecTestSupport.hpp"
+#include "support/TestSupport.hpp"
 #include "vastrel/Codec/TLVDepth.hpp"
 
 namespace vastrel {

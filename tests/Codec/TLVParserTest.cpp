@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "CodecTestSupport.hpp"
+#include "support/TestSupport.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 

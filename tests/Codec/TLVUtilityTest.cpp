@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Codec/HexDecode.hpp"
-#include "CodecTestSupport.hpp"
+#include "support/TestSupport.hpp"
 #include "vastrel/Codec/TLVParser.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
 #include "vastrel/Platform/RangeError.hpp"

@@ -1,7 +1,7 @@
 #include "ToolRunner.hpp"
 
 #include <fcntl.h>
-#include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,22 +9,14 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
 
-extern char** environ;
+#include "Cli.hpp"
+#include "support/TestSupport.hpp"
 
 namespace vastrel::tool::testing {
 namespace {
-
-std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) throw std::runtime_error("cannot read " + path);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
 
 // A file in the temporary directory holding text, removed again when the object goes.
 class TempFile {
@@ -34,8 +26,10 @@ class TempFile {
         path_ = std::string(dir != nullptr ? dir : "/tmp") + "/vastrel-tool-test-XXXXXX";
         const int fd = mkstemp(path_.data());
         if (fd < 0) throw std::runtime_error("mkstemp failed for " + path_);
+        const bool written =
+            write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
         close(fd);
-        std::ofstream(path_, std::ios::binary) << text;
+        if (!written) throw std::runtime_error("cannot write " + path_);
     }
     ~TempFile() { unlink(path_.c_str()); }
     TempFile(const TempFile&) = delete;
@@ -47,18 +41,26 @@ class TempFile {
     std::string path_;
 };
 
+void limit(int resource, rlim_t value) {
+    const rlimit limits{value, value};
+    if (setrlimit(resource, &limits) != 0) _exit(125);
+}
+
 }  // namespace
 
 RunResult runTool(const std::vector<std::string>& args, const std::string& input) {
-    const TempFile in(input), out, err;
+    std::vector<const char*> argv = {"vastrel"};
+    for (const auto& arg : args)
+        argv.push_back(arg.c_str());
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    const int status = runCli(argv, CliStreams{in, false, out, err});
+    return {status, out.str(), err.str()};
+}
 
-    // Files rather than pipes: the child can write any amount without waiting for us.
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, in.path(), O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.path(), O_WRONLY | O_TRUNC, 0);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.path(), O_WRONLY | O_TRUNC, 0);
-
+RunResult runToolProcess(const std::vector<std::string>& args, const std::string& input,
+                         const ProcessLimits& limits) {
+    const TempFile in(input), err;
     std::vector<std::string> argvText{VASTREL_TOOL_PATH};
     argvText.insert(argvText.end(), args.begin(), args.end());
     std::vector<char*> argv;
@@ -66,16 +68,29 @@ RunResult runTool(const std::vector<std::string>& args, const std::string& input
         argv.push_back(arg.data());
     argv.push_back(nullptr);
 
-    pid_t pid = 0;
-    const int spawned =
-        posix_spawn(&pid, VASTREL_TOOL_PATH, &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (spawned != 0) throw std::runtime_error("cannot start " VASTREL_TOOL_PATH);
-
+    const pid_t pid = fork();
+    if (pid < 0) throw std::runtime_error("fork failed");
+    if (pid == 0) {
+        // The main thread's stack takes its size from the limit in force at exec.
+        limit(RLIMIT_STACK, limits.stackBytes);
+        if (limits.addressSpaceBytes != 0) limit(RLIMIT_AS, limits.addressSpaceBytes);
+        limit(RLIMIT_CPU, limits.cpuSeconds);
+        const int input = open(in.path(), O_RDONLY);
+        const int output = open("/dev/null", O_WRONLY);
+        const int errors = open(err.path(), O_WRONLY | O_TRUNC);
+        if (input < 0 || output < 0 || errors < 0) _exit(126);
+        dup2(input, STDIN_FILENO);
+        dup2(output, STDOUT_FILENO);
+        dup2(errors, STDERR_FILENO);
+        execv(argv[0], argv.data());
+        _exit(127);
+    }
     int wait = 0;
     waitpid(pid, &wait, 0);
-    return {WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait), readFile(out.path()),
-            readFile(err.path())};
+    std::ifstream errText(err.path(), std::ios::binary);
+    std::ostringstream errors;
+    errors << errText.rdbuf();
+    return {WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait), "", errors.str()};
 }
 
 RunResult runCommand(const std::string& command, const std::string& input) {
@@ -98,8 +113,7 @@ void expectCase(const ToolCase& testCase) {
         EXPECT_NE(result.err.find(testCase.errContains), std::string::npos)
             << "stderr: " << result.err;
     }
-    // Whatever went wrong, it is one line: no half answer, no exception dump, no sanitizer
-    // report.
+    // Whatever went wrong, it is one line: no half answer, no exception dump.
     if (testCase.status != 0) {
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err.rfind("vastrel: error: ", 0), 0U) << result.err;
@@ -108,9 +122,11 @@ void expectCase(const ToolCase& testCase) {
 }
 
 std::string examplePath(const std::string& name) {
-    return std::string(VASTREL_EXAMPLES_DIR) + "/" + name;
+    return std::string(VASTREL_SOURCE_DIR) + "/examples/" + name;
 }
 
-std::string readExample(const std::string& name) { return readFile(examplePath(name)); }
+std::string readExample(const std::string& name) {
+    return vastrel::testing::readSourceFile("examples/" + name);
+}
 
 }  // namespace vastrel::tool::testing

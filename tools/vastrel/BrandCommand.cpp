@@ -42,7 +42,7 @@ Command addBrandCommand(CLI::App& app) {
                      "characters must be digits")
         ->required();
     parser->add_flag("--json", options->json, "Print the brand as JSON");
-    return {parser, [options](LibraryLog&) { return runBrand(*options); }};
+    return {parser, [options](CommandContext&) { return runBrand(*options); }};
 }
 
 }  // namespace vastrel::tool

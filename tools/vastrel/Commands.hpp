@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,26 @@ struct CommandOutput {
     std::vector<std::string> warnings;  // for stderr, one "vastrel: warning: " line each
 };
 
+// Where piped data comes from: standard input for the program, a string in tests.
+struct InputSource {
+    std::istream& stream;
+    bool isTerminal = false;  // nothing was piped in
+
+    // Everything left in the stream.
+    [[nodiscard]] std::string readAll() const;
+};
+
+// What a running subcommand may use besides its own options.
+struct CommandContext {
+    LibraryLog& log;
+    const InputSource& input;
+};
+
 // A registered subcommand: its parser, and what runs when the user chose it. run throws
 // InputError or UsageError (or a library exception) on failure.
 struct Command {
     CLI::App* parser = nullptr;
-    std::function<CommandOutput(LibraryLog&)> run;
+    std::function<CommandOutput(CommandContext&)> run;
 };
 
 Command addDecodeCommand(CLI::App& app);

@@ -9,6 +9,7 @@
 #include "JsonRender.hpp"
 #include "TextTable.hpp"
 #include "vastrel/Receipt/ReceiptHelper.hpp"
+#include "vastrel/Tags/CardholderAuthenticationMethods.hpp"
 #include "vastrel/Tags/EMVTagHelper.hpp"
 
 namespace vastrel::tool {
@@ -19,45 +20,31 @@ struct CvmOptions {
     bool json = false;
 };
 
-// The authentication method has no display strings in the library; these say which CVM
-// codes produce each value.
-std::string methodMeaning(std::uint64_t method) {
-    switch (method) {
-        case 0:
-            return "no CVM required, CVM failed, or a code not recognised";
-        case 1:
-            return "enciphered PIN verified online";
-        case 2:
-            return "plaintext PIN verified by the card";
-        case 4:
-            return "signature, or enciphered PIN verified by the card and signature";
-        case 9:
-            return "no CVM performed";
-        default:
-            return "";
-    }
+std::string methodMeaning(CardholderAuthenticationMethod method) {
+    return std::string(CardholderAuthenticationMethods::meaning(method));
 }
 
 CommandOutput runCvm(const CvmOptions& options) {
     const std::string value = cleanHex(options.value, "CVM Results");
     const CVMResult cvmResult = ReceiptHelper::cvmResultFromTlv(value);
     const auto result = static_cast<std::int64_t>(cvmResult);
-    const auto method =
-        static_cast<std::uint64_t>(EMVTagHelper::cardholderAuthenticationMethodfromTlv(value));
+    const CardholderAuthenticationMethod method =
+        EMVTagHelper::cardholderAuthenticationMethodfromTlv(value);
+    const auto methodValue = static_cast<std::uint64_t>(method);
     const Json resultJson = cvmResultJson(cvmResult);
 
     if (options.json) {
         return {dumpJson(Json{{"value", value},
                               {"cvmResult", resultJson},
                               {"authenticationMethod",
-                               Json{{"value", method}, {"meaning", methodMeaning(method)}}}}),
+                               Json{{"value", methodValue}, {"meaning", methodMeaning(method)}}}}),
                 {}};
     }
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Right, Align::Left});
     table.addRow({"CVM Results", "", value});
     table.addRow({"receipt CVMResult", std::to_string(result), cvmResultText(cvmResult)});
-    table.addRow({"authentication method", std::to_string(method), methodMeaning(method)});
+    table.addRow({"authentication method", std::to_string(methodValue), methodMeaning(method)});
     return {table.render(), {}};
 }
 
@@ -69,7 +56,7 @@ Command addCvmCommand(CLI::App& app) {
         "cvm", "Read CVM Results (tag 9F34) as the receipt and the point-of-sale decoders do");
     parser->add_option("VALUE", options->value, "The 9F34 value as hex, e.g. 1E0300")->required();
     parser->add_flag("--json", options->json, "Print both readings as JSON");
-    return {parser, [options](LibraryLog&) { return runCvm(*options); }};
+    return {parser, [options](CommandContext&) { return runCvm(*options); }};
 }
 
 }  // namespace vastrel::tool

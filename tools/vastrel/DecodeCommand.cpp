@@ -3,10 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "Codec/CodecRules.hpp"
 #include "Commands.hpp"
+#include "DisplayValue.hpp"
 #include "HexInput.hpp"
 #include "JsonRender.hpp"
-#include "SensitiveData.hpp"
 #include "TextTable.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
 
@@ -38,10 +39,6 @@ void addTreeRows(TextTable& table, const std::vector<TLVObject>& elements, std::
     }
 }
 
-bool isConstructedTag(const std::string& tag) {
-    return tag.size() >= 2 && (std::stoi(tag.substr(0, 2), nullptr, 16) & 0x20) != 0;
-}
-
 // The decoder never expands the last element of a level; say so rather than leave a
 // template looking undecoded for no reason.
 void noteUnexpanded(const std::vector<TLVObject>& elements, std::vector<std::string>& notes) {
@@ -49,15 +46,15 @@ void noteUnexpanded(const std::vector<TLVObject>& elements, std::vector<std::str
         const std::string tag = element.tag().value_or("");
         if (hasChildren(element)) {
             noteUnexpanded(*element.innerTlvs(), notes);
-        } else if (isConstructedTag(tag) && !element.value().value_or("").empty()) {
+        } else if (codec::isConstructedTag(tag) && !element.value().value_or("").empty()) {
             notes.push_back(tag + " is constructed but was not decoded into children: the " +
                             "decoder leaves the last element of each level as it is");
         }
     }
 }
 
-CommandOutput runDecode(const DecodeOptions& options) {
-    const std::string hex = readHexInput(options.hex);
+CommandOutput runDecode(const DecodeOptions& options, const InputSource& input) {
+    const std::string hex = readHexInput(options.hex, input);
     const std::vector<TLVObject> elements =
         TLVDecoder::decodeWithTLVString(hex).value_or(std::vector<TLVObject>{});
     CommandOutput output;
@@ -84,7 +81,8 @@ Command addDecodeCommand(CLI::App& app) {
         "decode", "Decode EMV data into a tree of tags, names, lengths and values");
     parser->add_option("HEX", options->hex, kHexHelp);
     parser->add_flag("--json", options->json, "Print the elements as JSON");
-    return {parser, [options](LibraryLog&) { return runDecode(*options); }};
+    return {parser,
+            [options](CommandContext& context) { return runDecode(*options, context.input); }};
 }
 
 }  // namespace vastrel::tool

@@ -127,7 +127,7 @@ Command addEnumCommand(CLI::App& app) {
     parser->add_option("VALUE", options->value,
                        "Value to look up: decimal (negative too) or hex with 0x");
     parser->add_flag("--json", options->json, "Print the strings as JSON");
-    return {parser, [options](LibraryLog&) { return runEnum(*options); }};
+    return {parser, [options](CommandContext&) { return runEnum(*options); }};
 }
 
 }  // namespace vastrel::tool

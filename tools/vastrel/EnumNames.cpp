@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 
+#include "Codec/CodecRules.hpp"
 #include "ToolError.hpp"
+#include "vastrel/Enums/EnumRows.hpp"
 #include "vastrel/Enums/EnumStringValues.hpp"
 
 namespace vastrel::tool {
@@ -28,13 +29,6 @@ constexpr std::array<std::string_view, 14> kEnumTypeNames = {
     "CountryCode",
     "TransactionResultType",
 };
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) ==
-               std::tolower(static_cast<unsigned char>(y));
-    });
-}
 
 std::string allChoices() {
     std::string choices;
@@ -60,7 +54,7 @@ EnumType parseEnumType(std::string_view text) {
         return static_cast<EnumType>(number);
     }
     for (std::size_t i = 0; i < kEnumTypeNames.size(); ++i) {
-        if (equalsIgnoringCase(text, kEnumTypeNames[i])) return static_cast<EnumType>(i + 1);
+        if (codec::equalsIgnoringCase(text, kEnumTypeNames[i])) return static_cast<EnumType>(i + 1);
     }
     throw InputError("unknown enumeration '" + std::string(text) + "'; choose one of " +
                      allChoices());
@@ -80,21 +74,7 @@ std::string displayString(EnumType type, std::uint64_t value) {
 }
 
 std::string cvmResultText(CVMResult result) {
-    switch (result) {
-        case CVMResult::NotAvailable:
-            return "NOT AVAILABLE";
-        case CVMResult::PinOnline:
-            return "PIN ONLINE";
-        case CVMResult::PinOfflineEncr:
-            return "PIN OFFLINE ENCR";
-        case CVMResult::PinOfflinePlain:
-            return "PIN OFFLINE PLAIN";
-        case CVMResult::NoCvmRequested:
-            return "NO CVM REQUESTED";
-        case CVMResult::SignatureRequired:
-            return "SIGNATURE REQUIRED";
-    }
-    return "";
+    return std::string(EnumRows::textFor(EnumType::CVMResult, static_cast<std::uint64_t>(result)));
 }
 
 }  // namespace vastrel::tool

@@ -23,10 +23,10 @@ std::optional<std::uint64_t> valueForDisplayString(EnumType type, std::string_vi
 // The display string of value in the table of type, or "" when it has none.
 std::string displayString(EnumType type, std::uint64_t value);
 
-// The display string of each CVMResult value on its own ("NO CVM REQUESTED" for 31). The
-// library's table keeps 31 and 94 under one shared key, so its lookup answers "SIGNATURE
-// REQUIRED" for both; a receipt or a CVM reading must tell them apart. "" for a value
-// that is not a CVMResult.
+// The display string of each CVMResult value on its own ("NO CVM REQUESTED" for 31), from
+// the library's rows. Its string table keeps 31 and 94 under one shared key, so its lookup
+// answers "SIGNATURE REQUIRED" for both; a receipt or a CVM reading must tell them apart.
+// "" for a value that is not a CVMResult.
 std::string cvmResultText(CVMResult result);
 
 }  // namespace vastrel::tool

@@ -1,12 +1,11 @@
 #include "HexInput.hpp"
 
-#include <unistd.h>
-
 #include <cctype>
-#include <iostream>
+#include <istream>
 #include <iterator>
 #include <sstream>
 
+#include "Codec/CodecRules.hpp"
 #include "ToolError.hpp"
 
 namespace vastrel::tool {
@@ -15,8 +14,6 @@ namespace {
 bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
 }
-
-bool isHexDigit(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
 
 // The character as a reader can see it in an error message.
 std::string describeCharacter(char c) {
@@ -45,13 +42,13 @@ std::string cleanHex(std::string_view text, std::string_view what) {
     for (std::size_t i = digitsStart(text); i < text.size(); ++i) {
         const char c = text[i];
         if (isBlank(c)) continue;
-        if (!isHexDigit(c)) {
+        if (!codec::isHexDigit(static_cast<unsigned char>(c))) {
             std::ostringstream message;
             message << "in " << what << ": " << describeCharacter(c) << " at position " << i + 1
                     << " is not a hex digit";
             throw InputError(message.str());
         }
-        digits.push_back(static_cast<char>(std::toupper(static_cast<unsigned char>(c))));
+        digits.push_back(codec::asciiUpper(c));
     }
     if (digits.empty()) throw InputError("no " + std::string(what) + " given");
     if (digits.size() % 2 != 0) {
@@ -61,19 +58,21 @@ std::string cleanHex(std::string_view text, std::string_view what) {
     return digits;
 }
 
-std::string readHexInput(const std::vector<std::string>& args) {
+std::string InputSource::readAll() const {
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::string readHexInput(const std::vector<std::string>& args, const InputSource& input) {
     if (!args.empty()) {
         std::string joined;
         for (const auto& arg : args)
             joined += arg + ' ';
         return cleanHex(joined);
     }
-    if (isatty(STDIN_FILENO) != 0) {
+    if (input.isTerminal) {
         throw UsageError("no HEX given: pass it as an argument or pipe it on standard input");
     }
-    const std::string piped{std::istreambuf_iterator<char>(std::cin),
-                            std::istreambuf_iterator<char>()};
-    return cleanHex(piped);
+    return cleanHex(input.readAll());
 }
 
 }  // namespace vastrel::tool

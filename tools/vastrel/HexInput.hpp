@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "Commands.hpp"
+
 namespace vastrel::tool {
 
 // Hex pasted from a reader log, cleaned for the library: blanks, tabs and line breaks are
@@ -13,9 +15,9 @@ namespace vastrel::tool {
 // in those messages ("hex data", "tag '9F3'").
 std::string cleanHex(std::string_view text, std::string_view what = "hex data");
 
-// The hex data of a subcommand, cleaned: the arguments joined, or all of standard input
-// when there are none. Throws UsageError when there are no arguments and standard input is
-// a terminal (nothing was piped in), InputError as cleanHex does.
-std::string readHexInput(const std::vector<std::string>& args);
+// The hex data of a subcommand, cleaned: the arguments joined, or all of input when there
+// are none. Throws UsageError when there are no arguments and input is a terminal (nothing
+// was piped in), InputError as cleanHex does.
+std::string readHexInput(const std::vector<std::string>& args, const InputSource& input);
 
 }  // namespace vastrel::tool

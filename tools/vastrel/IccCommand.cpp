@@ -55,7 +55,7 @@ Command addIccCommand(CLI::App& app) {
                      "Elements such as 9F02=000000001000 5F2A=0840; VALUE may be empty")
         ->required();
     parser->add_flag("--json", options->json, "Print the ICC data as JSON");
-    return {parser, [options](LibraryLog&) { return runIcc(*options); }};
+    return {parser, [options](CommandContext&) { return runIcc(*options); }};
 }
 
 }  // namespace vastrel::tool

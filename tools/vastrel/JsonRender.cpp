@@ -3,9 +3,9 @@
 #include <charconv>
 #include <optional>
 
+#include "DisplayValue.hpp"
 #include "EnumNames.hpp"
 #include "ReceiptDate.hpp"
-#include "SensitiveData.hpp"
 
 namespace vastrel::tool {
 namespace {

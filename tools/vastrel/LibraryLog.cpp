@@ -1,7 +1,7 @@
 #include "LibraryLog.hpp"
 
 #include <algorithm>
-#include <iostream>
+#include <ostream>
 #include <utility>
 
 #include "vastrel/Platform/Log.hpp"
@@ -11,21 +11,21 @@ namespace {
 
 // Every line of a message gets the prefix (the decoder's summaries span many lines), so
 // the library's output stays easy to tell apart and to filter.
-void printPrefixed(std::string_view message) {
+void printPrefixed(std::ostream& err, std::string_view message) {
     std::size_t start = 0;
     while (start <= message.size()) {
         const auto end = std::min(message.find('\n', start), message.size());
-        std::cerr << "vastrel: log: " << message.substr(start, end - start) << '\n';
+        err << "vastrel: log: " << message.substr(start, end - start) << '\n';
         start = end + 1;
     }
 }
 
 }  // namespace
 
-LibraryLog::LibraryLog(bool verbose) : verbose_(verbose) {
+LibraryLog::LibraryLog(bool verbose, std::ostream& err) : verbose_(verbose), err_(err) {
     log::setHandler([this](std::string_view line) {
         lines_.emplace_back(line);
-        if (verbose_) printPrefixed(line);
+        if (verbose_) printPrefixed(err_, line);
     });
 }
 

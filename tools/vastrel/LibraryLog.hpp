@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -8,11 +9,11 @@ namespace vastrel::tool {
 // Routes the library's log lines away from the default timestamped stderr output, which
 // would mix the decoder's per-level summaries into the tool's own output. Lines are kept so
 // that a subcommand can turn the ones that matter into warnings; with verbose set they are
-// also written to stderr at once as "vastrel: log: <line>". Installed for the object's
+// also written to err at once as "vastrel: log: <line>". Installed for the object's
 // lifetime; one at a time.
 class LibraryLog {
   public:
-    explicit LibraryLog(bool verbose);
+    LibraryLog(bool verbose, std::ostream& err);
     ~LibraryLog();
     LibraryLog(const LibraryLog&) = delete;
     LibraryLog& operator=(const LibraryLog&) = delete;
@@ -25,6 +26,7 @@ class LibraryLog {
 
   private:
     bool verbose_;
+    std::ostream& err_;
     std::vector<std::string> lines_;
 };
 

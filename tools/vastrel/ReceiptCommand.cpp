@@ -1,8 +1,6 @@
 // `vastrel receipt`: a transaction (JSON) through the EMV or MSR receipt builder, printed
 // as the customer copy or as JSON.
 #include <fstream>
-#include <iostream>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -28,12 +26,9 @@ struct Source {
     std::string text;
 };
 
-Source readSource(const std::optional<std::string>& file) {
+Source readSource(const std::optional<std::string>& file, const InputSource& input) {
     if (!file) return {"bundled example", std::string(bundledExampleJson())};
-    if (*file == "-") {
-        return {"standard input", std::string(std::istreambuf_iterator<char>(std::cin),
-                                              std::istreambuf_iterator<char>())};
-    }
+    if (*file == "-") return {"standard input", input.readAll()};
     std::ifstream in(*file, std::ios::binary);
     if (!in) throw InputError("cannot read " + *file);
     std::ostringstream text;
@@ -50,8 +45,9 @@ ReceiptHeader headerFor(const TransactionInput& input) {
     return header;
 }
 
-CommandOutput runReceipt(const ReceiptOptions& options, LibraryLog& log) {
-    const Source source = readSource(options.file);
+CommandOutput runReceipt(const ReceiptOptions& options, CommandContext& context) {
+    LibraryLog& log = context.log;
+    const Source source = readSource(options.file, context.input);
     const TransactionInput input = parseTransaction(source.text, source.name);
     log.take();  // the decoder's summaries of the chip data are not news
     const TransactionReceipt receipt = buildReceipt(input);
@@ -80,7 +76,7 @@ Command addReceiptCommand(CLI::App& app) {
                        "Transaction as JSON, - for standard input; without it, the bundled "
                        "example chip sale");
     parser->add_flag("--json", options->json, "Print the receipt record as JSON");
-    return {parser, [options](LibraryLog& log) { return runReceipt(*options, log); }};
+    return {parser, [options](CommandContext& context) { return runReceipt(*options, context); }};
 }
 
 }  // namespace vastrel::tool

@@ -1,15 +1,14 @@
 // `vastrel split`: the flat splitter's top-level elements, one per line, named.
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Commands.hpp"
+#include "DisplayValue.hpp"
 #include "HexInput.hpp"
 #include "JsonRender.hpp"
-#include "SensitiveData.hpp"
 #include "TextTable.hpp"
-#include "vastrel/Codec/TLVParser.hpp"
+#include "vastrel/Codec/TLVSplit.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
 #include "vastrel/Codec/Tag.hpp"
 
@@ -38,26 +37,30 @@ SplitElement describeElement(const std::string& piece) {
 }
 
 // Why the splitter stopped before the end of the data, if it did.
-std::vector<std::string> stopWarnings(const std::vector<std::string>& pieces, std::size_t hexSize,
-                                      const std::vector<std::string>& log) {
-    if (std::find(log.begin(), log.end(), "unimplemented") != log.end()) {
-        return {
-            "stopped at a long-form or indefinite length (81 and above), which the "
-            "splitter does not read; `vastrel decode` reads them"};
+std::vector<std::string> stopWarnings(const TLVSplit& split, std::size_t hexSize) {
+    switch (split.stop) {
+        case TLVSplit::Stop::Complete:
+            return {};
+        case TLVSplit::Stop::UnreadLength:
+            return {
+                "stopped at a long-form or indefinite length (81 and above), which the "
+                "splitter does not read; `vastrel decode` reads them"};
+        case TLVSplit::Stop::Incomplete:
+            break;
     }
     std::size_t covered = 0;
-    for (const auto& piece : pieces)
+    for (const auto& piece : split.pieces)
         covered += piece.size();
-    if (covered >= hexSize) return {};
     return {"the last " + std::to_string((hexSize - covered) / 2) +
             " byte(s) do not make a whole element and were left out"};
 }
 
-CommandOutput runSplit(const SplitOptions& options, LibraryLog& log) {
-    const std::string hex = readHexInput(options.hex);
-    const std::vector<std::string> pieces = TLVParser::splitTLVData(hex);
+CommandOutput runSplit(const SplitOptions& options, const InputSource& input) {
+    const std::string hex = readHexInput(options.hex, input);
+    const TLVSplit split = TLVSplit::of(hex);
+    const std::vector<std::string>& pieces = split.pieces;
     CommandOutput output;
-    output.warnings = stopWarnings(pieces, hex.size(), log.take());
+    output.warnings = stopWarnings(split, hex.size());
 
     std::vector<SplitElement> elements;
     for (const auto& piece : pieces)
@@ -86,7 +89,8 @@ Command addSplitCommand(CLI::App& app) {
         "split", "Split EMV data into its top-level elements, one per line, with tag names");
     parser->add_option("HEX", options->hex, kHexHelp);
     parser->add_flag("--json", options->json, "Print the elements as JSON");
-    return {parser, [options](LibraryLog& log) { return runSplit(*options, log); }};
+    return {parser,
+            [options](CommandContext& context) { return runSplit(*options, context.input); }};
 }
 
 }  // namespace vastrel::tool

@@ -64,14 +64,16 @@ Command addTagCommand(CLI::App& app) {
     parser->add_option("TAG", options->tags, "Tags as hex, e.g. 9F34 5F20 (any letter case)")
         ->required();
     parser->add_flag("--json", options->json, "Print the names as JSON");
-    return {parser, [options](LibraryLog&) { return runTag(*options); }};
+    return {parser, [options](CommandContext&) { return runTag(*options); }};
 }
 
 Command addTagsCommand(CLI::App& app) {
     auto json = std::make_shared<bool>(false);
     auto* parser = app.add_subcommand("tags", "List the whole EMV tag dictionary");
     parser->add_flag("--json", *json, "Print the dictionary as JSON");
-    return {parser, [json](LibraryLog&) { return CommandOutput{render(dictionary(), *json), {}}; }};
+    return {parser, [json](CommandContext&) {
+                return CommandOutput{render(dictionary(), *json), {}};
+            }};
 }
 
 }  // namespace vastrel::tool

@@ -1,4 +1,4 @@
-#include "SensitiveData.hpp"
+#include "DisplayValue.hpp"
 
 #include "vastrel/Platform/Log.hpp"
 #include "vastrel/Tags/SensitiveData.hpp"
