@@ -1,5 +1,6 @@
-// TLVDecoder::decodeWithTLVString and decodeTlv. Neither ever throws. Every level holds
-// no more elements than it has bytes; a value is either empty or exactly the declared
+// TLVDecoder::decodeWithTLVString and decodeTlv. Neither ever throws nor nests deeper than
+// kMaxTLVDepth (the seed deep-nesting holds 582 levels). Every level holds no more elements
+// than it has bytes; a value is either empty or exactly the declared
 // length; only constructed elements have children; each decoded level logs one summary;
 // decodeWithTLVString is decodeTlv of its pairs read with hexToInt; and masking card data
 // in the log changes nothing in the result.
@@ -14,6 +15,7 @@
 
 #include "FuzzSupport.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
+#include "vastrel/Codec/TLVDepth.hpp"
 #include "vastrel/Tags/SensitiveData.hpp"
 
 using namespace vastrel;
@@ -49,7 +51,9 @@ struct Walk {
     bool wideNumbers = false;
 };
 
-void checkLevel(const std::vector<TLVObject>& elements, std::size_t levelBytes, Walk& walk) {
+void checkLevel(const std::vector<TLVObject>& elements, std::size_t levelBytes, Walk& walk,
+                std::size_t depth = 1) {
+    FUZZ_CHECK(depth <= kMaxTLVDepth);
     ++walk.levels;
     FUZZ_CHECK(elements.size() <= levelBytes);
     for (const TLVObject& element : elements) {
@@ -72,7 +76,7 @@ void checkLevel(const std::vector<TLVObject>& elements, std::size_t levelBytes, 
             if (!walk.wideNumbers) {
                 FUZZ_CHECK((std::stoi(tag.substr(0, 2), nullptr, 16) & 0x20) != 0);
             }
-            checkLevel(*children, static_cast<std::size_t>(length), walk);
+            checkLevel(*children, static_cast<std::size_t>(length), walk, depth + 1);
         }
     }
 }

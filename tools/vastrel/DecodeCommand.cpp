@@ -10,6 +10,7 @@
 #include "JsonRender.hpp"
 #include "TextTable.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
+#include "vastrel/Codec/TLVDepth.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -27,7 +28,8 @@ bool hasChildren(const TLVObject& element) {
 }
 
 // One row per element, children below their parent and indented by two blanks per level.
-// A parent's value is left out: its children show it, decoded.
+// A parent's value is left out: its children show it, decoded. Recurses once per level, as
+// deep as the decoder goes (kMaxTLVDepth).
 void addTreeRows(TextTable& table, const std::vector<TLVObject>& elements, std::size_t depth) {
     for (const auto& element : elements) {
         const std::string tag = element.tag().value_or("");
@@ -39,16 +41,21 @@ void addTreeRows(TextTable& table, const std::vector<TLVObject>& elements, std::
     }
 }
 
-// The decoder never expands the last element of a level; say so rather than leave a
-// template looking undecoded for no reason.
+// The decoder never expands the last element of a level, nor a template deeper than its
+// depth limit; say which rather than leave a template looking undecoded for no reason. The
+// recursion is bounded by that same limit.
 void noteUnexpanded(const std::vector<TLVObject>& elements, std::vector<std::string>& notes) {
     for (const auto& element : elements) {
         const std::string tag = element.tag().value_or("");
         if (hasChildren(element)) {
             noteUnexpanded(*element.innerTlvs(), notes);
         } else if (codec::isConstructedTag(tag) && !element.value().value_or("").empty()) {
+            const bool last = &element == &elements.back();
             notes.push_back(tag + " is constructed but was not decoded into children: the " +
-                            "decoder leaves the last element of each level as it is");
+                            (last ? std::string("decoder leaves the last element of each level "
+                                                "as it is")
+                                  : "decoder expands templates " + std::to_string(kMaxTLVDepth) +
+                                        " levels deep and no deeper"));
         }
     }
 }

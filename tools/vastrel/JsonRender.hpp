@@ -17,7 +17,8 @@ using Json = nlohmann::ordered_json;
 
 // Decoded elements as an array of {"tag", "name", "length" (a number), "value",
 // "children"}; children is an empty array unless the element was decoded into children.
-// Values pass through displayValue.
+// Values pass through displayValue. Recurses once per level of a decoded tree, which the
+// decoder keeps within kMaxTLVDepth.
 Json tlvTreeJson(const std::vector<TLVObject>& elements);
 
 // An enumeration value with its display string: {"value": 94, "name": "SIGNATURE

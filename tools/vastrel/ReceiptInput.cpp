@@ -97,7 +97,8 @@ class ObjectReader {
 };
 
 // Primitive elements in order, constructed ones replaced by their children: the receipt
-// builders look for tags at the top level only.
+// builders look for tags at the top level only. Recurses once per level of a decoded tree,
+// which the decoder keeps within kMaxTLVDepth.
 void flattenInto(const std::vector<TLVObject>& elements, std::vector<TLVObject>& flat) {
     for (const auto& element : elements) {
         if (element.innerTlvs() && !element.innerTlvs()->empty()) {
