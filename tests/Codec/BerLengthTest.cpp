@@ -39,12 +39,15 @@ TEST(BerLengthTest, EncodeLengthForWritesInPlaceOrRaisesRangeErrorWritingNothing
     EXPECT_EQ(hex(data), "AA0581C8");
     BerLength::encodeLengthFor(300, data, 0);
     EXPECT_EQ(hex(data), "82012CC8");
+    Bytes appended = {0xAA};
+    BerLength::encodeLengthFor(5, appended, 1);  // at the very end: appended
+    EXPECT_EQ(hex(appended), "AA05");
 
     // Lengths above 65535 fit nowhere, the three-byte form only at offset 0, and nothing
     // fits past the end.
     EXPECT_THROW(BerLength::encodeLengthFor(70000, data, 0), RangeError);
     EXPECT_THROW(BerLength::encodeLengthFor(300, data, 1), RangeError);
-    EXPECT_THROW(BerLength::encodeLengthFor(5, data, 5), RangeError);
+    EXPECT_THROW(BerLength::encodeLengthFor(5, data, 5), RangeError);  // one past the end
     EXPECT_EQ(hex(data), "82012CC8");
     EXPECT_THROW(BerLength::getEncodedLengthHexString(65536), RangeError);
     EXPECT_THROW(BerLength::getEncodedLength(~0ULL), RangeError);

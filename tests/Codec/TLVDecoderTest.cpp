@@ -27,9 +27,37 @@ TEST(TLVDecoderTest, HexToIntScansLikeScanHexInt) {
     };
     // U+00A0 and U+3000 are white space to the scanner as well.
     const Case cases[] = {
-        {"9F", 159},       {"0x1A", 26},     {"", 0},        {" \t\n0X1a", 26}, {"1G", 1},
-        {"G1", 0},         {"-1", 0},        {"0xG", 0},     {"FFFFFFFF", ~0U}, {"100000000", ~0U},
-        {"0000000001", 1}, {"\u00A01A", 26}, {"\u30007", 7},
+        {"9F", 159},
+        {"0x1A", 26},
+        {"", 0},
+        {" \t\n0X1a", 26},
+        {"1G", 1},
+        {"G1", 0},
+        {"-1", 0},
+        {"0xG", 0},
+        {"FFFFFFFF", ~0U},
+        {"100000000", ~0U},
+        {"0000000001", 1},
+        {"\u00A01A", 26},
+        {"\u30007", 7},
+        // The prefix is skipped only before a digit, once; the shortest prefixed text.
+        {"0x1", 1},
+        {"0x", 0},
+        {"x1", 0},
+        {"00x1", 0},
+        {"0x0x1", 0},
+        // Each kind of scanner space: two-byte, three-byte, the ends of U+2000..U+200A.
+        {"\u00851A", 26},
+        {"\u16801A", 26},
+        {"\u20001A", 26},
+        {"\u200A1A", 26},
+        {"\u200B1A", 0},
+        {"\u20281A", 26},
+        {"\u20291A", 26},
+        {"\u202F1A", 26},
+        {"\u205F1A", 26},
+        {"\u2060", 0},
+        {"\u3001", 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
@@ -54,6 +82,11 @@ TEST(TLVDecoderTest, DecodesElementsAndMalformedShapes) {
         {"DF8F", {}, "second tag byte announces a third that is missing"},
         {"DF8F8101AA9F010000", {"DF8F81:1:AA", "9F01:0:"}, "third byte's continuation ignored"},
         {"5A8400000002ABCD5F2A020840", {"5A:2:ABCD", "5F2A:2:0840"}, "four length bytes"},
+        {"5A02AABB", {"5A:2:AABB"}, "value ends exactly at the end"},
+        {"5A02AA", {"5A:2:", "02:0:"}, "one byte short: no value, length re-read as a tag"},
+        {"5A02AABB00", {"5A:2:AABB"}, "one byte past: a 00 ends the level"},
+        {"70045A02AABB00", {"70:4:5A02AABB{5A:2:AABB}"}, "template followed by a byte: expanded"},
+        {"70045A02AABB", {"70:4:5A02AABB"}, "template ending exactly at the end: kept whole"},
         {"5A8201", {}, "length bytes cut short: dropped"},
         {"5A0011", {"5A:0:"}, "zero length, then a tag without length"},
         {"5A80", {"5A:0:"}, "invalid length 80 gives length 0, then 80 is read as a tag"},

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "vastrel/Codec/DigitStringValues.hpp"
@@ -77,24 +76,6 @@ TEST(EnumStringValuesTest, LookupAgreesWithTheDictionaryUnderTheDigitKey) {
                 << "type " << selector << " value " << value;
         }
     }
-}
-
-TEST(EnumStringValuesTest, TablesAreBuiltOnceAndSafeToReadFromManyThreads) {
-    const auto* first = EnumStringValues::dictionaryForEnumType(EnumType::CardType);
-    std::vector<int> mismatches(4, 0);
-    std::vector<std::thread> threads;
-    for (int& count : mismatches) {
-        threads.emplace_back([&count, first] {
-            for (int i = 0; i < 1000; ++i) {
-                count += EnumStringValues::dictionaryForEnumType(EnumType::CardType) != first;
-                count += EnumStringValues::valueForAnEnumType(EnumType::CVMResult, 2) !=
-                         "PIN OFFLINE ENCR";
-            }
-        });
-    }
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_EQ(mismatches, std::vector<int>(4, 0));
 }
 
 }  // namespace

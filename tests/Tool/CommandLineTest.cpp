@@ -70,7 +70,8 @@ TEST(CommandLineTest, DecodeAndSplitNameEachElementAndSayWhatWasLeftOut) {
          "9F02  Amount, Authorised (Numeric)  9F0206000000001000\n"
          "5F2A  Transaction Currency Code     5F2A020840\n"},
         {"split stops at a long-form length", "split 5F2A0208405A81021234", 0, "5F2A020840",
-         "splitter does not read"},
+         "warning: stopped at a long-form or indefinite length (81 and above), which the "
+         "splitter does not read; `vastrel decode` reads them\n"},
         {"split stops at a partial element", "split 5A0212349F", 0, "5A02<2 bytes>",
          "the last 1 byte(s) do not make a whole element"},
         {"value past the end", "split 5A0812", 1, "", "the data ends inside an element"},

@@ -88,7 +88,7 @@ TEST(ReceiptCommandTest, WarnsOfTheBuildersComplaintsAndRefusesMalformedTransact
     std::ranges::for_each(cases, expectCase);
 
     const std::pair<const char*, const char*> refusals[] = {
-        {R"({"cardData":)", "standard input: not valid JSON"},
+        {R"({"cardData":)", "standard input: not valid JSON: parse error at line 1, column 13"},
         {R"({"gatewayResponse":{"approvedAmount":1e999}})", "not valid JSON: number overflow"},
         {R"({"cardData":{"cardholdername":"A"}})", "cardData.cardholdername is not a known key"},
         {R"({"gatewayResponse":{"isApproved":"yes"}})", "isApproved must be true or false"},
@@ -97,7 +97,8 @@ TEST(ReceiptCommandTest, WarnsOfTheBuildersComplaintsAndRefusesMalformedTransact
         {R"({"cardData":{"cardDataSourceType":"CHIP"}})", "a CardDataSourceType display string"},
         {R"({"cardData":{"pan":"4XXX"}})", "a card number must start with six digits"},
         {R"({"cardData":{"emvTLVData":"4F0"}})", "emvTLVData has an odd number of digits"},
-        {R"({"transactionDateTime":"2025-02-30T10:00:00Z"})", "is not a UTC time"},
+        {R"({"transactionDateTime":"2025-02-30T10:00:00Z"})",
+         "is not a UTC time such as 2025-03-15T13:45:02Z"},
         {R"({"transactionDateTime":"1012-03-16T17:11:22Z"})", "is not a UTC time"},  // too early
     };
     for (const auto& [input, message] : refusals)
