@@ -2,10 +2,12 @@
 # Runs every test program of a plain debug build (build/memcheck: no sanitizers, which
 # valgrind cannot run alongside) under valgrind's memcheck. Fails on any invalid read or
 # write, use of uninitialised memory, bad free, or leak (definite or possible). The tool's
-# integration tests start the vastrel program, which is checked the same way.
+# tests run its commands in-process, so they are checked the same way.
 #
 # Death tests (gtest names ending in DeathTest) are left out: the child they fork stops
 # with std::abort(), on purpose, and memcheck would report what the abort leaves behind.
+# So are the resource-limit tests, which hold the vastrel program to a CPU budget that
+# valgrind's own slowness would spend.
 #
 #   scripts/memcheck.sh                  every test program
 #   scripts/memcheck.sh codec platform   only vastrel_codec_tests and vastrel_platform_tests
@@ -45,7 +47,7 @@ for program in "${programs[@]}"; do
     # One log per process (%p), so the tool's own runs are reported apart from the tests.
     valgrind --tool=memcheck --leak-check=full --error-exitcode=1 \
         --trace-children=yes --log-file="$logs/$name.%p.log" \
-        "$program" --gtest_filter='-*DeathTest*' --gtest_brief=1 >"$logs/$name.out" 2>&1 ||
+        "$program" --gtest_filter='-*DeathTest*:ResourceLimitsTest.*' --gtest_brief=1 >"$logs/$name.out" 2>&1 ||
         status=$?
     # A child that failed under valgrind shows in the test's own result too, but the
     # reason is only in its log.
