@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstdlib>
 #include <sstream>
@@ -101,20 +103,28 @@ RunResult runCommand(const std::string& command, const std::string& input) {
     return runTool(args, input);
 }
 
-void expectCase(const ToolCase& testCase) {
-    SCOPED_TRACE(std::string(testCase.reason) + ": vastrel " + testCase.command.substr(0, 60));
-    const RunResult result = runCommand(testCase.command, testCase.input);
+void expectVector(const vastrel::testing::Vector& vector) {
+    const std::string command = vector.get("command");
+    SCOPED_TRACE(vector.where() + ": " + vector.get("reason") + ": vastrel " +
+                 command.substr(0, 60));
+    const RunResult result = runCommand(command, vector.get("input", ""));
+    const int status = std::stoi(vector.get("status"));
 
-    EXPECT_EQ(result.status, testCase.status) << "stderr: " << result.err;
-    EXPECT_NE(result.out.find(testCase.outContains), std::string::npos) << "stdout: " << result.out;
-    if (testCase.errContains.empty()) {
-        EXPECT_EQ(result.err, "");
-    } else {
-        EXPECT_NE(result.err.find(testCase.errContains), std::string::npos)
+    EXPECT_EQ(result.status, status) << "stderr: " << result.err;
+    EXPECT_NE(result.out.find(vector.get("out", "")), std::string::npos)
+        << "stdout: " << result.out;
+    if (vector.has("json")) {
+        const auto json = nlohmann::ordered_json::parse(result.out);
+        EXPECT_EQ((json.size() == 136 ? json[0] : json).dump(), vector.get("json"));
+    }
+    if (vector.has("err")) {
+        EXPECT_NE(result.err.find(vector.get("err")), std::string::npos)
             << "stderr: " << result.err;
+    } else {
+        EXPECT_EQ(result.err, "");
     }
     // Whatever went wrong, it is one line: no half answer, no exception dump.
-    if (testCase.status != 0) {
+    if (status != 0) {
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err.rfind("vastrel: error: ", 0), 0U) << result.err;
         EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;

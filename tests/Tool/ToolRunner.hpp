@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "support/Vectors.hpp"
+
 namespace vastrel::tool::testing {
 
 // What one run of the vastrel command line produced.
@@ -31,20 +33,9 @@ RunResult runToolProcess(const std::vector<std::string>& args, const std::string
 // The same, for arguments written as one text separated by blanks ("decode --json 5A00").
 RunResult runCommand(const std::string& command, const std::string& input = "");
 
-// One row of a table-driven test: a command line, what must come out, and what it reads on
-// stdin. An empty errContains means stderr must stay empty.
-struct ToolCase {
-    const char* reason;
-    std::string command;  // the arguments, separated by blanks
-    int status;
-    std::string outContains;
-    std::string errContains = {};
-    std::string input = {};
-};
-
-// Runs the case and checks status, stdout and stderr, naming the case on failure. A failing
-// run must print nothing on stdout and exactly one "vastrel: error: " line on stderr.
-void expectCase(const ToolCase& testCase);
+// Runs the command line of one block of tests/Tool/cli-vectors.txt and checks its status,
+// stdout and stderr as the file's header describes.
+void expectVector(const vastrel::testing::Vector& vector);
 
 // The path of a file under examples/, and its text.
 std::string examplePath(const std::string& name);
