@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
-#include "support/TestSupport.hpp"
+#include "support/Vectors.hpp"
 #include "vastrel/Codec/TLVDepth.hpp"
 
 namespace vastrel {
@@ -21,86 +21,18 @@ struct UnmaskedLog {
 };
 
 TEST(TLVDecoderTest, HexToIntScansLikeScanHexInt) {
-    struct Case {
-        const char* text;
-        std::uint32_t expected;
-    };
-    // U+00A0 and U+3000 are white space to the scanner as well.
-    const Case cases[] = {
-        {"9F", 159},
-        {"0x1A", 26},
-        {"", 0},
-        {" \t\n0X1a", 26},
-        {"1G", 1},
-        {"G1", 0},
-        {"-1", 0},
-        {"0xG", 0},
-        {"FFFFFFFF", ~0U},
-        {"100000000", ~0U},
-        {"0000000001", 1},
-        {"\u00A01A", 26},
-        {"\u30007", 7},
-        // The prefix is skipped only before a digit, once; the shortest prefixed text.
-        {"0x1", 1},
-        {"0x", 0},
-        {"x1", 0},
-        {"00x1", 0},
-        {"0x0x1", 0},
-        // Each kind of scanner space: two-byte, three-byte, the ends of U+2000..U+200A.
-        {"\u00851A", 26},
-        {"\u16801A", 26},
-        {"\u20001A", 26},
-        {"\u200A1A", 26},
-        {"\u200B1A", 0},
-        {"\u20281A", 26},
-        {"\u20291A", 26},
-        {"\u202F1A", 26},
-        {"\u205F1A", 26},
-        {"\u2060", 0},
-        {"\u3001", 0},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(TLVDecoder::hexToInt(c.text), c.expected);
+    for (const auto& vector : testing::readVectors("tests/Codec/hextoint-vectors.txt")) {
+        EXPECT_EQ(TLVDecoder::hexToInt(vector.get("text")), std::stoul(vector.get("value")))
+            << vector.where();
     }
 }
 
 TEST(TLVDecoderTest, DecodesElementsAndMalformedShapes) {
-    struct Case {
-        const char* hex;
-        Lines elements;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {"9F02060000000010005F2A020840", {"9F02:6:000000001000", "5F2A:2:0840"}, "two elements"},
-        {"700A5A0811111111111111119F0100",
-         {"70:10:5A081111111111111111{5A:8:1111111111111111}"},
-         "constructed and not last: expanded; zero-length last element dropped"},
-        {"70035A0111", {"70:3:5A0111"}, "the last element is never expanded"},
-        {"5A0112005A0111", {"5A:1:12"}, "00 where a tag is due ends the level"},
-        {"9F", {}, "tag cut short"},
-        {"DF8F", {}, "second tag byte announces a third that is missing"},
-        {"DF8F8101AA9F010000", {"DF8F81:1:AA", "9F01:0:"}, "third byte's continuation ignored"},
-        {"5A8400000002ABCD5F2A020840", {"5A:2:ABCD", "5F2A:2:0840"}, "four length bytes"},
-        {"5A02AABB", {"5A:2:AABB"}, "value ends exactly at the end"},
-        {"5A02AA", {"5A:2:", "02:0:"}, "one byte short: no value, length re-read as a tag"},
-        {"5A02AABB00", {"5A:2:AABB"}, "one byte past: a 00 ends the level"},
-        {"70045A02AABB00", {"70:4:5A02AABB{5A:2:AABB}"}, "template followed by a byte: expanded"},
-        {"70045A02AABB", {"70:4:5A02AABB"}, "template ending exactly at the end: kept whole"},
-        {"5A8201", {}, "length bytes cut short: dropped"},
-        {"5A0011", {"5A:0:"}, "zero length, then a tag without length"},
-        {"5A80", {"5A:0:"}, "invalid length 80 gives length 0, then 80 is read as a tag"},
-        {"5A850111", {"5A:0:", "85:1:11"}, "invalid length byte re-read as a tag"},
-        {"5A050102", {"5A:5:", "05:1:02"}, "too long: no value; length byte re-read as tag"},
-        {"5A84FFFFFFFF01", {"5A:-1:"}, "negative length counts as too long"},
-        {"5A011G", {"5A:1:01"}, "pairs read with hexToInt: stops at G"},
-        {"5A01-1", {"5A:1:00"}, "pairs read with hexToInt: no sign"},
-        {"700861045A0111009A0000", {"70:8:61045A0111009A00{61:4:5A011100{5A:1:11}}"}, "nested"},
-    };
     LogCapture quiet;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.reason) + ": " + c.hex);
-        EXPECT_EQ(render(TLVDecoder::decodeWithTLVString(c.hex)), c.elements);
+    for (const auto& vector : testing::readVectors("tests/Codec/decoder-vectors.txt")) {
+        SCOPED_TRACE(vector.where() + ": " + vector.get("why"));
+        EXPECT_EQ(render(TLVDecoder::decodeWithTLVString(vector.get("hex"))),
+                  vector.all("element"));
     }
 }
 

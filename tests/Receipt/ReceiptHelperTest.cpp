@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "support/Vectors.hpp"
+#include "vastrel/Enums/EnumRows.hpp"
 #include "vastrel/Platform/Decimal.hpp"
 #include "vastrel/Platform/Log.hpp"
 #include "vastrel/Tags/EMVTagHelper.hpp"
@@ -16,54 +18,22 @@ namespace {
 
 using enum CVMResult;
 
-// The receipt's reading of 9F34 beside the point-of-sale reading. They disagree on purpose:
-// the receipt upper-cases, checks parity and maps by code number; the other matches the text
-// as written and knows the apply-next forms of 02, 05, 1E and 1F only.
-struct CvmCase {
-    std::optional<std::string_view> value;
-    CVMResult receipt;  // ReceiptHelper::cvmResultFromTlv
-    std::uint64_t pos;  // EMVTagHelper::cardholderAuthenticationMethodfromTlv
-    const char* reason;
-};
-
-const CvmCase kCvmCases[] = {
-    {std::nullopt, NotAvailable, 9, "absent"},
-    {"", NotAvailable, 9, "empty"},
-    {"1", NotAvailable, 0, "odd for one, empty prefix for the other"},
-    {"1F030", NotAvailable, 0, "parity is checked by the receipt only"},
-    {"010002", PinOnline, 2, "plaintext PIN by card"},
-    {"410302", SignatureRequired, 0, "apply-next 01 known to neither"},
-    {"020000", PinOfflineEncr, 1, "enciphered PIN online"},
-    {"420300", SignatureRequired, 1, "apply-next 02"},
-    {"030002", PinOfflinePlain, 0, "03 unknown to the point-of-sale reading"},
-    {"450000", SignatureRequired, 4, "apply-next 05"},
-    {"1E0300", SignatureRequired, 4, "signature"},
-    {"5E0300", SignatureRequired, 4, "apply-next 1E"},
-    {"5e0300", SignatureRequired, 0, "only the receipt upper-cases"},
-    {"1f0302", NoCvmRequested, 0, "no CVM required"},
-    {"5F0000", SignatureRequired, 0, "apply-next 1F"},
-    {"3F0000", SignatureRequired, 9, "no CVM performed"},
-    {"7F0000", SignatureRequired, 9, "apply-next 3F"},
-    {"000000", SignatureRequired, 0, "failed CVM processing"},
-    {"ZZ", SignatureRequired, 0, "not hex"},
-};
-
+// The receipt's reading of 9F34 beside the point-of-sale reading, from cvm-vectors.txt.
 TEST(ReceiptHelperCvmTest, BothDecodersSideBySide) {
-    for (const CvmCase& c : kCvmCases) {
-        SCOPED_TRACE(::testing::Message() << c.value.value_or("<absent>") << ": " << c.reason);
-        EXPECT_EQ(ReceiptHelper::cvmResultFromTlv(c.value), c.receipt);
-        EXPECT_EQ(EMVTagHelper::cardholderAuthenticationMethodfromTlv(c.value),
-                  CardholderAuthenticationMethod{c.pos});
+    for (const auto& vector : testing::readVectors("tests/Receipt/cvm-vectors.txt")) {
+        SCOPED_TRACE(vector.where() + ": " + vector.get("why"));
+        const auto value = vector.has("value") ? std::optional(vector.get("value")) : std::nullopt;
+        const CVMResult receipt = ReceiptHelper::cvmResultFromTlv(value);
+        EXPECT_EQ(EnumRows::textFor(EnumType::CVMResult, static_cast<std::uint64_t>(receipt)),
+                  vector.get("receipt"));
+        EXPECT_EQ(EMVTagHelper::cardholderAuthenticationMethodfromTlv(value),
+                  CardholderAuthenticationMethod{std::stoull(vector.get("method"))});
     }
 }
 
 class ReceiptHelperValidationTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        log::setHandler([this](std::string_view line) { lines.emplace_back(line); });
-    }
-    void TearDown() override { log::setHandler(nullptr); }
-    std::vector<std::string> lines;
+    testing::LogCapture log;
 };
 
 TEST_F(ReceiptHelperValidationTest, ReportsWhichOfAidAndLabelIsMissing) {
@@ -84,17 +54,17 @@ TEST_F(ReceiptHelperValidationTest, ReportsWhichOfAidAndLabelIsMissing) {
     using NoLines = std::vector<std::string>;
     for (const Case& c : cases) {
         SCOPED_TRACE(::testing::Message() << "case " << &c - cases);
-        lines.clear();
+        log.clear();
         std::vector<TLVObject> elements(c.tags.size());
         for (std::size_t i = 0; i < c.tags.size(); ++i)
             elements[i].setTag(c.tags[i]);
         EXPECT_EQ(ReceiptHelper::validateEmvTagsPresent(elements), c.logLine == nullptr);
         const auto expected = c.logLine ? std::vector<std::string>{c.logLine} : NoLines{};
-        EXPECT_EQ(lines, expected);
+        EXPECT_EQ(log.lines(), expected);
     }
-    lines.clear();
+    log.clear();
     EXPECT_FALSE(ReceiptHelper::validateEmvTagsPresent(std::nullopt));
-    EXPECT_EQ(lines,
+    EXPECT_EQ(log.lines(),
               std::vector<std::string>{"All expected EMV data needed for the receipt is missing."});
 }
 
@@ -153,7 +123,7 @@ TEST_F(ReceiptHelperBuilderTest, ChipSaleWithPinFillsEveryEmvField) {
     const CardData card = chipCard(chipSaleElements("020000"));
     const TransactionReceipt receipt = ReceiptHelper::buildEmvReceiptWith(&response, &card);
 
-    EXPECT_EQ(lines, std::vector<std::string>{});
+    EXPECT_EQ(log.lines(), std::vector<std::string>{});
     EXPECT_EQ(receipt.authorizationCode(), "A1B2C3");
     EXPECT_EQ(receipt.transactionId(), "TX-1001");
     EXPECT_EQ(receipt.transactionAmount(), "12.5");
@@ -222,11 +192,11 @@ TEST_F(ReceiptHelperBuilderTest, FailedValidationKeepsGatewayAndCardFieldsOnly) 
     };
     const GatewayResponse response = approvedResponse();
     for (const auto& c : cases) {
-        lines.clear();
+        log.clear();
         CardData card = chipCard({});
         card.setEmvTLVData(c.elements);
         const TransactionReceipt receipt = ReceiptHelper::buildEmvReceiptWith(&response, &card);
-        EXPECT_EQ(lines, std::vector<std::string>{c.logLine});
+        EXPECT_EQ(log.lines(), std::vector<std::string>{c.logLine});
         EXPECT_EQ(receipt.aid(), std::nullopt) << c.logLine;
         EXPECT_EQ(receipt.cryptogram(), std::nullopt) << c.logLine;
         EXPECT_EQ(receipt.cardholderName(), "JOHN DOE");
@@ -253,7 +223,7 @@ TEST_F(ReceiptHelperBuilderTest, TagsMatchIgnoringCaseAndTheLastRepeatWins) {
     // Without a gateway response the chip builder leaves its fields empty and logs nothing.
     EXPECT_EQ(receipt.authorizationCode(), std::nullopt);
     EXPECT_EQ(receipt.transactionAmount(), std::nullopt);
-    EXPECT_EQ(lines, std::vector<std::string>{});
+    EXPECT_EQ(log.lines(), std::vector<std::string>{});
 }
 
 TEST_F(ReceiptHelperBuilderTest, SwipeReceiptTakesTheRequestTypeAndLogsAMissingResponse) {
@@ -267,8 +237,9 @@ TEST_F(ReceiptHelperBuilderTest, SwipeReceiptTakesTheRequestTypeAndLogsAMissingR
 
     const TransactionReceipt withoutResponse =
         ReceiptHelper::buildMsrReceiptFor(&request, nullptr, &card);
-    EXPECT_EQ(lines, std::vector<std::string>{"Unable to populate required MSR receipt fields: "
-                                              "auth code, transaction id, and approved amount."});
+    EXPECT_EQ(log.lines(),
+              std::vector<std::string>{"Unable to populate required MSR receipt fields: "
+                                       "auth code, transaction id, and approved amount."});
     EXPECT_EQ(withoutResponse.transactionType(), TransactionType::TransactionTypeRefundWithCard);
     EXPECT_EQ(withoutResponse.cardType(), CardType::Amex);
     EXPECT_EQ(withoutResponse.cardholderName(), "AMEX TEST");
@@ -276,12 +247,12 @@ TEST_F(ReceiptHelperBuilderTest, SwipeReceiptTakesTheRequestTypeAndLogsAMissingR
     EXPECT_EQ(withoutResponse.authorizationCode(), std::nullopt);
     EXPECT_EQ(withoutResponse.aid(), std::nullopt);
 
-    lines.clear();
+    log.clear();
     GatewayResponse response = approvedResponse();
     response.setApprovedAmount(std::nullopt);
     const TransactionReceipt withResponse =
         ReceiptHelper::buildMsrReceiptFor(&request, &response, &card);
-    EXPECT_EQ(lines, std::vector<std::string>{});
+    EXPECT_EQ(log.lines(), std::vector<std::string>{});
     EXPECT_EQ(withResponse.transactionId(), "TX-1001");
     EXPECT_EQ(withResponse.transactionAmount(), "(null)");
 }
@@ -290,7 +261,7 @@ TEST_F(ReceiptHelperBuilderTest, IncompleteInputStillYieldsAReceipt) {
     const TransactionReceipt noCard = ReceiptHelper::buildEmvReceiptWith(nullptr, nullptr);
     EXPECT_EQ(noCard.cardType(), CardType::Unknown);
     EXPECT_EQ(noCard.maskedPan(), std::nullopt);
-    EXPECT_EQ(lines,
+    EXPECT_EQ(log.lines(),
               std::vector<std::string>{"All expected EMV data needed for the receipt is missing."});
 
     // A number masked from the first digit cannot be classified; the receipt says UNKNOWN

@@ -30,6 +30,7 @@ class LogCapture {
     LogCapture& operator=(const LogCapture&) = delete;
 
     const std::vector<std::string>& lines() const { return lines_; }
+    void clear() { lines_.clear(); }
 
   private:
     std::vector<std::string> lines_;
