@@ -1,7 +1,5 @@
 #include "ToolRunner.hpp"
 
-#include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <sstream>
 #include <stdexcept>
 
@@ -28,25 +27,18 @@ class TempFile {
         path_ = std::string(dir != nullptr ? dir : "/tmp") + "/vastrel-tool-test-XXXXXX";
         const int fd = mkstemp(path_.data());
         if (fd < 0) throw std::runtime_error("mkstemp failed for " + path_);
-        const bool written =
-            write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
         close(fd);
-        if (!written) throw std::runtime_error("cannot write " + path_);
+        std::ofstream(path_, std::ios::binary) << text;
     }
     ~TempFile() { unlink(path_.c_str()); }
     TempFile(const TempFile&) = delete;
     TempFile& operator=(const TempFile&) = delete;
 
-    [[nodiscard]] const char* path() const { return path_.c_str(); }
+    [[nodiscard]] const std::string& path() const { return path_; }
 
   private:
     std::string path_;
 };
-
-void limit(int resource, rlim_t value) {
-    const rlimit limits{value, value};
-    if (setrlimit(resource, &limits) != 0) _exit(125);
-}
 
 }  // namespace
 
@@ -63,36 +55,18 @@ RunResult runTool(const std::vector<std::string>& args, const std::string& input
 RunResult runToolProcess(const std::vector<std::string>& args, const std::string& input,
                          const ProcessLimits& limits) {
     const TempFile in(input), err;
-    std::vector<std::string> argvText{VASTREL_TOOL_PATH};
-    argvText.insert(argvText.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (auto& arg : argvText)
-        argv.push_back(arg.data());
-    argv.push_back(nullptr);
-
-    const pid_t pid = fork();
-    if (pid < 0) throw std::runtime_error("fork failed");
-    if (pid == 0) {
-        // The main thread's stack takes its size from the limit in force at exec.
-        limit(RLIMIT_STACK, limits.stackBytes);
-        if (limits.addressSpaceBytes != 0) limit(RLIMIT_AS, limits.addressSpaceBytes);
-        limit(RLIMIT_CPU, limits.cpuSeconds);
-        const int input = open(in.path(), O_RDONLY);
-        const int output = open("/dev/null", O_WRONLY);
-        const int errors = open(err.path(), O_WRONLY | O_TRUNC);
-        if (input < 0 || output < 0 || errors < 0) _exit(126);
-        dup2(input, STDIN_FILENO);
-        dup2(output, STDOUT_FILENO);
-        dup2(errors, STDERR_FILENO);
-        execv(argv[0], argv.data());
-        _exit(127);
-    }
-    int wait = 0;
-    waitpid(pid, &wait, 0);
-    std::ifstream errText(err.path(), std::ios::binary);
-    std::ostringstream errors;
-    errors << errText.rdbuf();
-    return {WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait), "", errors.str()};
+    // The shell sets the limits, so the program's main thread gets the small stack at exec.
+    std::string command = "ulimit -s " + std::to_string(limits.stackBytes / 1024) +
+                          " && ulimit -t " + std::to_string(limits.cpuSeconds);
+    if (limits.addressSpaceBytes != 0)
+        command += " && ulimit -v " + std::to_string(limits.addressSpaceBytes / 1024);
+    command += " && exec " VASTREL_TOOL_PATH;
+    for (const auto& arg : args)
+        command += " '" + arg + "'";
+    command += " <" + in.path() + " >/dev/null 2>" + err.path();
+    const int wait = std::system(command.c_str());
+    return {WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait), "",
+            vastrel::testing::readSourceFile(err.path())};
 }
 
 RunResult runCommand(const std::string& command, const std::string& input) {

@@ -68,9 +68,11 @@ inline std::vector<std::string> render(const std::optional<std::vector<TLVObject
     return out;
 }
 
-// The text of a file of the source tree, by its path from the top ("examples/x.json").
+// The text of a file of the source tree, by its path from the top ("examples/x.json"), or
+// by an absolute path.
 inline std::string readSourceFile(const std::string& path) {
-    const std::string full = std::string(VASTREL_SOURCE_DIR) + "/" + path;
+    const std::string full =
+        path.starts_with('/') ? path : std::string(VASTREL_SOURCE_DIR) + "/" + path;
     std::ifstream in(full, std::ios::binary);
     if (!in) throw std::runtime_error("cannot read " + full);
     std::ostringstream text;
