@@ -48,8 +48,10 @@ std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec
 // which read the same since every byte is a number from 0 to 255.
 template <class Number>
 struct Level {
-    Level(std::span<const Number> levelBytes, bool mayExpand)
-        : bytes(levelBytes), n(static_cast<std::int64_t>(levelBytes.size())), expands(mayExpand) {
+    Level(std::span<const Number> levelBytes, std::size_t depth)
+        : bytes(levelBytes),
+          n(static_cast<std::int64_t>(levelBytes.size())),
+          expands(depth < kMaxTLVDepth) {
         // Elements take several bytes each; growth covers denser data.
         result.reserve(static_cast<std::size_t>(std::min<std::int64_t>(n / 4 + 1, 64)));
         if (log::enabled()) summary.emplace();
@@ -58,7 +60,8 @@ struct Level {
     std::span<const Number> bytes;
     std::int64_t n;
     std::int64_t p = 0;
-    // False at the deepest level expanded: its templates are kept whole.
+    // False at the deepest level expanded (depth counts the top level as 1): its templates
+    // are kept whole.
     bool expands;
     std::vector<TLVObject> result;
     std::optional<codec::Summary> summary;  // built only when it will be logged
@@ -185,11 +188,11 @@ std::optional<std::vector<TLVObject>> decodeLevels(std::span<const Number> bytes
     if (bytes.empty()) return std::nullopt;
     std::vector<Level<Number>> levels;
     levels.reserve(4);
-    levels.emplace_back(bytes, kMaxTLVDepth > 1);
+    levels.emplace_back(bytes, 1);
     bool toldTooDeep = false;
     for (;;) {
         if (const auto children = readElements(levels.back(), toldTooDeep)) {
-            levels.emplace_back(*children, levels.size() + 1 < kMaxTLVDepth);
+            levels.emplace_back(*children, levels.size() + 1);
             continue;
         }
         Level<Number>& finished = levels.back();

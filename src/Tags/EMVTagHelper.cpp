@@ -1,6 +1,5 @@
 #include "vastrel/Tags/EMVTagHelper.hpp"
 
-#include <array>
 #include <cstdint>
 
 #include "TagNameTable.hpp"
@@ -21,20 +20,16 @@ struct CvmCodeMethod {
 // Tested in this order, first match wins. The point-of-sale layer reads these values as
 // they are, including where they differ from the receipt's reading: the apply-next form
 // counts for 02, 05, 1E and 1F but not for 01 (41 gives 0), and 03 is not listed (0).
-constexpr std::array<CvmCodeMethod, 12> kMethodsByCode = {{
-    {"3F", 9},  // no CVM performed
-    {"7F", 9},
-    {"00", 0},  // failed CVM processing
-    {"1F", 0},  // no CVM required
-    {"5F", 0},
-    {"01", 2},  // plaintext PIN verified by the card
-    {"02", 1},  // enciphered PIN verified online
-    {"42", 1},
-    {"05", 4},  // enciphered PIN by the card and signature
-    {"45", 4},
-    {"1E", 4},  // signature
+constexpr CvmCodeMethod kMethodsByCode[] = {
+    {"3F", 9},             // no CVM performed
+    {"7F", 9}, {"00", 0},  // failed CVM processing
+    {"1F", 0},             // no CVM required
+    {"5F", 0}, {"01", 2},  // plaintext PIN verified by the card
+    {"02", 1},             // enciphered PIN verified online
+    {"42", 1}, {"05", 4},  // enciphered PIN by the card and signature
+    {"45", 4}, {"1E", 4},  // signature
     {"5E", 4},
-}};
+};
 
 constexpr std::uint64_t kNothingToDecode = 9;
 constexpr std::uint64_t kUnrecognised = 0;
@@ -45,13 +40,13 @@ struct MethodMeaning {
 };
 
 // Every value the reading gives, with the codes above that give it.
-constexpr std::array<MethodMeaning, 5> kMeanings = {{
+constexpr MethodMeaning kMeanings[] = {
     {kUnrecognised, "no CVM required, CVM failed, or a code not recognised"},
     {1, "enciphered PIN verified online"},
     {2, "plaintext PIN verified by the card"},
     {4, "signature, or enciphered PIN verified by the card and signature"},
     {kNothingToDecode, "no CVM performed"},
-}};
+};
 
 }  // namespace
 

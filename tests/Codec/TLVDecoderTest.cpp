@@ -85,10 +85,11 @@ TEST(TLVDecoderTest, SummaryMasksCardDataByDefault) {
                      "{\n" + entry("70", 14, "EMV Proprietary Template", "\"<14 bytes>\"") + "}"}));
 }
 
-// Templates nested `templates` deep around 5A0111, each followed by a 00 that keeps it from
+// Templates nested `templates` deep around `inside`, each followed by a 00 that keeps it from
 // being its level's last element, so that every level is expanded.
-std::vector<std::int32_t> nestedTemplates(int templates) {
-    std::vector<std::int32_t> bytes = {0x5A, 0x01, 0x11};
+std::vector<std::int32_t> nestedTemplates(int templates,
+                                          std::vector<std::int32_t> inside = {0x5A, 0x01, 0x11}) {
+    std::vector<std::int32_t> bytes = std::move(inside);
     for (int level = 0; level < templates; ++level) {
         const auto length = static_cast<std::int32_t>(bytes.size());
         bytes.insert(bytes.begin(), {0xE0, 0x82, length >> 8, length & 0xFF});
@@ -112,6 +113,13 @@ TEST(TLVDecoderTest, ExpandsTemplatesDownToTheDepthLimit) {
         {limit, limit - 1, true},
         {5000, limit - 1, true},
     };
+    // Two templates at the deepest level: still one line.
+    {
+        LogCapture log;
+        TLVDecoder::decodeTlv(nestedTemplates(
+            limit - 1, {0xE0, 0x03, 0x5A, 0x01, 0x11, 0xE0, 0x03, 0x5A, 0x01, 0x11, 0x00}));
+        EXPECT_EQ(std::count(log.lines().begin(), log.lines().end(), "TLV nesting too deep"), 1);
+    }
     for (const DepthCase& c : cases) {
         SCOPED_TRACE(c.templates);
         struct Job {

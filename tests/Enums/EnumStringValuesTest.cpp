@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Vectors.hpp"
 #include "vastrel/Codec/DigitStringValues.hpp"
 
 namespace vastrel {
@@ -32,36 +33,12 @@ TEST(EnumStringValuesTest, TablesHoldOneEntryPerDistinctKey) {
 }
 
 TEST(EnumStringValuesTest, LookupGivesTheDisplayStringOrNothing) {
-    struct Case {
-        EnumType type;
-        std::uint64_t value;
-        std::optional<std::string> expected;
-    };
-    const Case cases[] = {
-        {EnumType::TerminalType, 5, "NO_READER"},
-        {EnumType::TerminalType, 6, std::nullopt},
-        {EnumType::EMVErrorType, 10, "GENERAL_ERROR"},
-        {EnumType::EMVErrorType, 12, std::nullopt},
-        {EnumType::EMVErrorType, 17, std::nullopt},  // no row under the shared key
-        {EnumType::TerminalInteractionType, 16, "DO_NOT_REMOVE_CARD"},
-        {EnumType::TerminalInteractionType, 17, "DEVICE_BUSY"},  // first row under "17" kept
-        {EnumType::TerminalInteractionType, 25, "DEVICE_BUSY"},  // NONE is shadowed
-        {EnumType::CardType, 5, "DINERS CLUB"},
-        {EnumType::CVMResult, 0, "NOT AVAILABLE"},
-        {EnumType::CVMResult, 1, "PIN ONLINE"},
-        {EnumType::CVMResult, 4, std::nullopt},
-        {EnumType::CVMResult, 94, "SIGNATURE REQUIRED"},
-        {EnumType::CVMResult, 31, "SIGNATURE REQUIRED"},  // NO CVM REQUESTED is shadowed
-        {EnumType::CVMResult, 63, "SIGNATURE REQUIRED"},
-        {EnumType::CVMResult, kNegativeOne, "SIGNATURE REQUIRED"},
-        {EnumType::CurrencyCode, 0, "USD"},
-        {EnumType::CountryCode, 0, "US"},
-        {EnumType::CountryCode, 1, std::nullopt},
-        {EnumType::TransactionResultType, 6, "Transaction Cancelled"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(EnumStringValues::valueForAnEnumType(c.type, c.value), c.expected)
-            << "type " << static_cast<std::uint64_t>(c.type) << " value " << c.value;
+    for (const auto& vector : testing::readVectors("tests/Enums/enum-vectors.txt")) {
+        const EnumType type{std::stoull(vector.get("type"))};
+        const auto value = static_cast<std::uint64_t>(std::stoll(vector.get("value")));
+        const auto expected =
+            vector.has("string") ? std::optional(vector.get("string")) : std::nullopt;
+        EXPECT_EQ(EnumStringValues::valueForAnEnumType(type, value), expected) << vector.where();
     }
 }
 

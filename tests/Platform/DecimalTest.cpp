@@ -5,54 +5,20 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/Vectors.hpp"
+
 namespace vastrel {
 namespace {
 
-TEST(DecimalTest, DescriptionIsCanonicalText) {
-    const struct {
-        const char* input;
-        const char* printed;
-    } cases[] = {
-        {"12.50", "12.5"},
-        {"0", "0"},
-        {"0.00", "0"},
-        {"-0", "0"},
-        {"100", "100"},
-        {"100.00", "100"},
-        {"-0.01", "-0.01"},
-        {"0.001", "0.001"},
-        {"-3", "-3"},
-        {"007", "7"},
-        {"1.10", "1.1"},
-        {"123456.789", "123456.789"},
-        {"9999999999999999999999999999999999", "9999999999999999999999999999999999"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Decimal(c.input).description(), c.printed) << c.input;
-    }
-}
-
-TEST(DecimalTest, RejectsMalformedText) {
-    const char* const malformed[] = {
-        "",
-        "-",
-        ".5",
-        "5.",
-        "1e3",
-        " 1",
-        "1 ",
-        "+1",
-        "1.2.3",
-        "0x10",
-        "NaN",
-        "Inf",
-        "1,5",
-        "--1",
-        "12a",
-        "12345678901234567890123456789012345",  // 35 digits cannot be held exactly
-    };
-    for (const char* text : malformed) {
-        EXPECT_THROW(Decimal{text}, std::invalid_argument) << '"' << text << '"';
+TEST(DecimalTest, ReadsAndPrintsCanonicalTextOrRefusesIt) {
+    for (const auto& vector : testing::readVectors("tests/Platform/decimal-vectors.txt")) {
+        const std::string text = vector.get("text");
+        SCOPED_TRACE(vector.where() + ": \"" + text + "\"");
+        if (vector.has("refused")) {
+            EXPECT_THROW(Decimal{text}, std::invalid_argument);
+        } else {
+            EXPECT_EQ(Decimal(text).description(), vector.get("printed"));
+        }
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "support/Vectors.hpp"
+
 namespace vastrel {
 namespace {
 
@@ -20,32 +22,10 @@ TEST(SensitiveDataTest, KnowsExactlyTheCardDataTags) {
 }
 
 TEST(SensitiveDataTest, MasksCardDataAndTemplatesOnly) {
-    struct Case {
-        const char* tag;
-        const char* value;
-        const char* expected;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {"5A", "4761739001010010", "476173******0010", "first six and last four digits"},
-        {"5a", "4761739001010010", "476173******0010", "tag case does not matter"},
-        {"5A", "5413330089020011FF", "541333********11FF", "padding counts as digits"},
-        {"5A", "47617390010", "476173*0010", "eleven digits: one masked"},
-        {"5A", "4761739001", "<5 bytes>", "ten digits would show whole: length only"},
-        {"57", "4761739001010010D27122011143804400000F", "<19 bytes>", "track 2"},
-        {"5F20", "43415244484F4C444552", "<10 bytes>", "cardholder name"},
-        {"DF16", "AB", "<1 byte>", "one byte"},
-        {"99", "", "", "nothing to hide"},
-        {"70", "5A0847617390010100105F340101", "<14 bytes>", "template may nest a card number"},
-        {"BF0C", "5A0111", "<3 bytes>", "constructed multi-byte tag"},
-        {"9F02", "000000001000", "000000001000", "amount: shown"},
-        {"9F1F", "3132", "3132", "not on the list: shown"},
-        {"", "ABCD", "ABCD", "no tag"},
-        {"ZZ", "ABCD", "ABCD", "tag that is not hex"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.reason);
-        EXPECT_EQ(SensitiveData::maskedValue(c.tag, c.value), c.expected);
+    for (const auto& vector : testing::readVectors("tests/Tags/masking-vectors.txt")) {
+        EXPECT_EQ(SensitiveData::maskedValue(vector.get("tag"), vector.get("value")),
+                  vector.get("shown"))
+            << vector.where() << ": " << vector.get("why");
     }
 }
 
