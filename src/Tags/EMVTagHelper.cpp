@@ -21,14 +21,13 @@ struct CvmCodeMethod {
 // they are, including where they differ from the receipt's reading: the apply-next form
 // counts for 02, 05, 1E and 1F but not for 01 (41 gives 0), and 03 is not listed (0).
 constexpr CvmCodeMethod kMethodsByCode[] = {
-    {"3F", 9},             // no CVM performed
-    {"7F", 9}, {"00", 0},  // failed CVM processing
-    {"1F", 0},             // no CVM required
-    {"5F", 0}, {"01", 2},  // plaintext PIN verified by the card
-    {"02", 1},             // enciphered PIN verified online
-    {"42", 1}, {"05", 4},  // enciphered PIN by the card and signature
-    {"45", 4}, {"1E", 4},  // signature
-    {"5E", 4},
+    {"3F", 9}, {"7F", 9},  // no CVM performed, and its apply-next form
+    {"00", 0},             // failed CVM processing
+    {"1F", 0}, {"5F", 0},  // no CVM required
+    {"01", 2},             // plaintext PIN verified by the card
+    {"02", 1}, {"42", 1},  // enciphered PIN verified online
+    {"05", 4}, {"45", 4},  // enciphered PIN by the card and signature
+    {"1E", 4}, {"5E", 4},  // signature
 };
 
 constexpr std::uint64_t kNothingToDecode = 9;
