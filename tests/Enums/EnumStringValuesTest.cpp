@@ -22,6 +22,17 @@ TEST(EnumStringValuesTest, SelectorOutsideOneToFourteenHasNoTable) {
     }
 }
 
+// All fourteen tables as the dictionaries hold them, pinned in enum-tables.golden.
+TEST(EnumStringValuesTest, TablesMatchTheGoldenFile) {
+    std::string tables;
+    for (std::uint64_t selector = 1; selector <= 14; ++selector) {
+        tables += "EnumType " + std::to_string(selector) + "\n";
+        for (const auto& [key, text] : *EnumStringValues::dictionaryForEnumType(EnumType{selector}))
+            tables += key + "\t" + text + "\n";
+    }
+    EXPECT_EQ(tables, testing::readSourceFile("tests/Enums/enum-tables.golden"));
+}
+
 TEST(EnumStringValuesTest, TablesHoldOneEntryPerDistinctKey) {
     // Rows per table minus the collisions under "17": 26 -> 18 for type 7, 6 -> 5 for type 9.
     const std::size_t entries[] = {6, 4, 4, 10, 5, 12, 18, 9, 5, 10, 4, 1, 1, 7};
