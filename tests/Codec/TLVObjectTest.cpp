@@ -1,6 +1,7 @@
 #include "vastrel/Codec/TLVObject.hpp"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include "support/TestSupport.hpp"
 #include "vastrel/Platform/RangeError.hpp"
@@ -19,6 +20,7 @@ TEST(TLVObjectTest, HexStringTakesTheLengthFromTheLengthText) {
     const Case cases[] = {
         {"9F02", "6", "000000001000", "9F0206000000001000", "short form"},
         {"9F02", "200", "AB", "9F0281C8AB", "long form; value not measured"},
+        {"9F02", "90", "", "9F025A", "every decimal digit counts"},
         {"9F02", std::nullopt, "AB", "9F0200AB", "absent length writes 00"},
         {"9F02", "", "AB", "9F0200AB", "empty length reads as 0"},
         {"9F02", " +12abc", "", "9F020C", "read like integerValue"},
@@ -41,6 +43,41 @@ TEST(TLVObjectTest, HexStringTakesTheLengthFromTheLengthText) {
         tooLong.setLength(length);
         EXPECT_THROW(TLVObject::generateHexStringFromTLVObject(&tooLong), RangeError) << length;
     }
+}
+
+// A tree may be built deeper than any decoder would make it: copying and destroying it take
+// no stack per level, shown on a 256 KiB stack.
+TEST(TLVObjectTest, DeepTreeIsCopiedAndDestroyedWithoutRecursion) {
+    struct Job {
+        std::size_t copiedDepth = 0;
+        std::string innermostTag;
+    } job;
+    const auto run = [](void* argument) -> void* {
+        auto& job = *static_cast<Job*>(argument);
+        TLVObject tree("5A");
+        for (int level = 0; level < 100000; ++level) {
+            std::vector<TLVObject> children;
+            children.push_back(std::move(tree));  // a braced list would copy the subtree
+            TLVObject parent("E0");
+            parent.setInnerTlvs(std::move(children));
+            tree = std::move(parent);
+        }
+        const TLVObject copy = tree;
+        const TLVObject* element = &copy;
+        for (; element->innerTlvs(); element = &element->innerTlvs()->front())
+            ++job.copiedDepth;
+        job.innermostTag = element->tag().value_or("");
+        return nullptr;
+    };
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, 256 * 1024);
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, +run, &job), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+    EXPECT_EQ(job.copiedDepth, 100000u);
+    EXPECT_EQ(job.innermostTag, "5A");
 }
 
 }  // namespace
