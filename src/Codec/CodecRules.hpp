@@ -64,12 +64,6 @@ inline constexpr char asciiUpper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-inline std::string asciiUpper(std::string_view text) {
-    std::string out(text);
-    std::transform(out.begin(), out.end(), out.begin(), [](char c) { return asciiUpper(c); });
-    return out;
-}
-
 // True when a and b are the same text but for the case of ASCII letters.
 inline constexpr bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),

@@ -112,9 +112,8 @@ void decodeHexPairs(std::string_view hex, Out* out, SlowPair&& slowPair) {
             continue;
         }
         for (std::size_t i = first; i < first + count; ++i) {
-            const unsigned value = kNibble[in[2 * i]] << 4 | kNibble[in[2 * i + 1]];
-            out[i] = (value & kBadPairMask) == 0 ? static_cast<Out>(value)
-                                                 : static_cast<Out>(slowPair(i));
+            const int value = hexByte(hex[2 * i], hex[2 * i + 1]);
+            out[i] = value >= 0 ? static_cast<Out>(value) : static_cast<Out>(slowPair(i));
         }
     }
 }

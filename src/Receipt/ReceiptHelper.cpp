@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "Codec/CodecRules.hpp"
 #include "vastrel/Card/CreditCardHelper.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
 #include "vastrel/Platform/Log.hpp"
@@ -11,20 +12,8 @@
 namespace vastrel {
 namespace {
 
-constexpr char asciiUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool equalsIgnoringCase(std::string_view text, std::string_view upperExpected) {
-    if (text.size() != upperExpected.size()) return false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (asciiUpper(text[i]) != upperExpected[i]) return false;
-    }
-    return true;
-}
-
 bool hasTag(const TLVObject& element, std::string_view upperTag) {
-    return element.tag() && equalsIgnoringCase(*element.tag(), upperTag);
+    return element.tag() && codec::equalsIgnoringCase(*element.tag(), upperTag);
 }
 
 struct CvmCodeResult {
@@ -89,7 +78,7 @@ constexpr std::array<EmvReceiptRow, 18> kEmvReceiptRows = {{
 // The row for tag, compared ignoring case, or nullptr.
 const EmvReceiptRow* receiptRowFor(std::string_view tag) {
     for (const EmvReceiptRow& row : kEmvReceiptRows) {
-        if (equalsIgnoringCase(tag, row.tag)) return &row;
+        if (codec::equalsIgnoringCase(tag, row.tag)) return &row;
     }
     return nullptr;
 }
@@ -161,7 +150,8 @@ bool ReceiptHelper::validateEmvTagsPresent(const std::optional<std::vector<TLVOb
 CVMResult ReceiptHelper::cvmResultFromTlv(std::optional<std::string_view> value) {
     if (!value || value->empty() || value->size() % 2 != 0) return CVMResult::NotAvailable;
     // Only the CVM code byte is read; condition and result bytes play no part.
-    const std::array<char, 2> code = {asciiUpper((*value)[0]), asciiUpper((*value)[1])};
+    const std::array<char, 2> code = {codec::asciiUpper((*value)[0]),
+                                      codec::asciiUpper((*value)[1])};
     const std::string_view codeText(code.data(), code.size());
     for (const CvmCodeResult& row : kReceiptCvmResults) {
         if (row.code == codeText) return row.result;

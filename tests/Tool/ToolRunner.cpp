@@ -66,7 +66,7 @@ RunResult runToolProcess(const std::vector<std::string>& args, const std::string
     command += " <" + in.path() + " >/dev/null 2>" + err.path();
     const int wait = std::system(command.c_str());
     return {WIFEXITED(wait) ? WEXITSTATUS(wait) : 128 + WTERMSIG(wait), "",
-            vastrel::testing::readSourceFile(err.path())};
+            vastrel::testing::readFile(err.path())};
 }
 
 RunResult runCommand(const std::string& command, const std::string& input) {

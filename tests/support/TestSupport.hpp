@@ -1,7 +1,7 @@
 #pragma once
 
 // What the tests share: capturing the library's log, rendering decoded trees and bytes so
-// that mismatches read well, and loading the bundled data.
+// that mismatches read well, and reading files of the source tree.
 
 #include <cstdint>
 #include <fstream>
@@ -68,24 +68,18 @@ inline std::vector<std::string> render(const std::optional<std::vector<TLVObject
     return out;
 }
 
-// The text of a file of the source tree, by its path from the top ("examples/x.json"), or
-// by an absolute path.
-inline std::string readSourceFile(const std::string& path) {
-    const std::string full =
-        path.starts_with('/') ? path : std::string(VASTREL_SOURCE_DIR) + "/" + path;
-    std::ifstream in(full, std::ios::binary);
-    if (!in) throw std::runtime_error("cannot read " + full);
+// The text of the file at path.
+inline std::string readFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) throw std::runtime_error("cannot read " + path);
     std::ostringstream text;
     text << in.rdbuf();
     return text.str();
 }
 
-// A hex file of bench/data without its line break.
-inline std::string benchHex(const std::string& name) {
-    std::string text = readSourceFile("bench/data/" + name);
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-        text.pop_back();
-    return text;
+// The text of a file of the source tree, by its path from the top ("examples/x.json").
+inline std::string readSourceFile(const std::string& path) {
+    return readFile(std::string(VASTREL_SOURCE_DIR) + "/" + path);
 }
 
 }  // namespace vastrel::testing
