@@ -14,6 +14,7 @@
 #include "FuzzSupport.hpp"
 #include "vastrel/Card/CreditCardHelper.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
+#include "vastrel/Codec/TLVFlatten.hpp"
 #include "vastrel/Platform/Decimal.hpp"
 #include "vastrel/Receipt/ReceiptHelper.hpp"
 
@@ -21,16 +22,6 @@ using namespace vastrel;
 using namespace vastrel::fuzz;
 
 namespace {
-
-void flattenInto(const std::vector<TLVObject>& elements, std::vector<TLVObject>& flat) {
-    for (const TLVObject& element : elements) {
-        if (element.innerTlvs() && !element.innerTlvs()->empty()) {
-            flattenInto(*element.innerTlvs(), flat);
-        } else {
-            flat.push_back(element);
-        }
-    }
-}
 
 // The value of the last element tagged tag (either case), if any.
 std::optional<std::string> lastValue(const std::vector<TLVObject>& elements, std::string_view tag) {
@@ -88,11 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                        TLVUtility::dataToHexString(
                            {reinterpret_cast<const std::uint8_t*>(chip.data()), chip.size()}))
                        .value_or(std::vector<TLVObject>{});
-        if ((flags & 8) != 0) {
-            std::vector<TLVObject> flat;
-            flattenInto(*elements, flat);
-            elements = std::move(flat);
-        }
+        if ((flags & 8) != 0) elements = TLVFlatten::primitives(*elements);
     }
     CardData card;
     card.setPan(pan);

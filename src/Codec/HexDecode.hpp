@@ -1,6 +1,6 @@
 #pragma once
 
-// Hex text to bytes. The common pair of two hex digits goes through one table (or SSE2 for
+// Hex text to bytes. The common pair of two hex digits goes through one table (or SIMD for
 // blocks of 16 pairs), and only a pair that fails it takes the slow path that reproduces the
 // C library's reading of odd pairs.
 
@@ -10,11 +10,8 @@
 #include <optional>
 #include <string_view>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 #include "CodecRules.hpp"
+#include "HexSimd.hpp"
 
 namespace vastrel::codec {
 
@@ -44,13 +41,25 @@ inline constexpr std::uint8_t scanfPairValue(unsigned char a, unsigned char b) {
     return 0;
 }
 
+// Decodes pairs pairs of hex digits at in into out; false when any character is not a hex
+// digit (out then holds junk).
+inline bool decodeHexDigitPairsScalar(const unsigned char* in, std::size_t pairs,
+                                      std::uint8_t* out) {
+    unsigned seen = 0;
+    for (std::size_t i = 0; i < pairs; ++i) {
+        const unsigned value = kNibble[in[2 * i]] << 4 | kNibble[in[2 * i + 1]];
+        seen |= value;
+        out[i] = static_cast<std::uint8_t>(value);
+    }
+    return (seen & kBadPairMask) == 0;
+}
+
 #if defined(__SSE2__)
-// Decodes 16 pairs (32 hex characters) at in into 16 bytes at out; false when any
-// character is not a hex digit (out then holds junk). Digits are found and converted with
-// range compares, and pairs are joined by shifting 16-bit lanes.
+
+// Digits are found with range compares (signed, after moving the range's start to -128)
+// and pairs are joined by shifting 16-bit lanes.
 inline bool decodeSixteenHexPairs(const unsigned char* in, std::uint8_t* out) {
     const auto convert = [](__m128i text, __m128i& valid) {
-        // c in [lo, lo + width) as a signed compare after moving lo to -128.
         const auto inRange = [](__m128i c, char lo, char width) {
             return _mm_cmplt_epi8(_mm_add_epi8(c, _mm_set1_epi8(static_cast<char>(0x80 - lo))),
                                   _mm_set1_epi8(static_cast<char>(-128 + width)));
@@ -73,24 +82,42 @@ inline bool decodeSixteenHexPairs(const unsigned char* in, std::uint8_t* out) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_packus_epi16(first, second));
     return _mm_movemask_epi8(valid) == 0xFFFF;
 }
+
+#elif defined(__ARM_NEON)
+
+// vld2 splits the text into high and low digits; unsigned range compares find the digits.
+// The loads and stores are byte-wise, so no alignment is assumed.
+inline bool decodeSixteenHexPairs(const unsigned char* in, std::uint8_t* out) {
+    const auto convert = [](uint8x16_t text, uint8x16_t& valid) {
+        const uint8x16_t digit = vsubq_u8(text, vdupq_n_u8('0'));
+        const uint8x16_t isDigit = vcltq_u8(digit, vdupq_n_u8(10));
+        const uint8x16_t letter = vsubq_u8(vorrq_u8(text, vdupq_n_u8(0x20)), vdupq_n_u8('a'));
+        const uint8x16_t isLetter = vcltq_u8(letter, vdupq_n_u8(6));
+        valid = vandq_u8(valid, vorrq_u8(isDigit, isLetter));
+        return vorrq_u8(vandq_u8(isDigit, digit),
+                        vandq_u8(isLetter, vaddq_u8(letter, vdupq_n_u8(10))));
+    };
+    const uint8x16x2_t text = vld2q_u8(in);
+    uint8x16_t valid = vdupq_n_u8(0xFF);
+    const uint8x16_t high = convert(text.val[0], valid);
+    const uint8x16_t low = convert(text.val[1], valid);
+    vst1q_u8(out, vorrq_u8(vshlq_n_u8(high, 4), low));
+    const uint8x8_t folded = vand_u8(vget_low_u8(valid), vget_high_u8(valid));
+    return vget_lane_u64(vreinterpret_u64_u8(folded), 0) == ~std::uint64_t{0};
+}
+
 #endif
 
 // Decodes the first pairs of the text at in into out when every pair is two hex digits and
 // returns true; otherwise returns false and out holds junk.
 inline bool decodeHexDigitPairs(const unsigned char* in, std::size_t pairs, std::uint8_t* out) {
     std::size_t i = 0;
-#if defined(__SSE2__)
+#if VASTREL_HEX_SIMD
     for (; i + 16 <= pairs; i += 16) {
         if (!decodeSixteenHexPairs(in + 2 * i, out + i)) return false;
     }
 #endif
-    unsigned seen = 0;
-    for (; i < pairs; ++i) {
-        const unsigned value = kNibble[in[2 * i]] << 4 | kNibble[in[2 * i + 1]];
-        seen |= value;
-        out[i] = static_cast<std::uint8_t>(value);
-    }
-    return (seen & kBadPairMask) == 0;
+    return decodeHexDigitPairsScalar(in + 2 * i, pairs - i, out + i);
 }
 
 // Decodes hex.size() / 2 pairs of hex into out. A pair of two hex digits is decoded by

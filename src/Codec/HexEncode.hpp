@@ -1,6 +1,6 @@
 #pragma once
 
-// Bytes to hex text: a table of digit pairs, and SSE2 for blocks of 16 bytes. No formatting
+// Bytes to hex text: a table of digit pairs, and SIMD for blocks of 16 bytes. No formatting
 // call per byte.
 
 #include <array>
@@ -11,9 +11,7 @@
 #include <string>
 #include <string_view>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "HexSimd.hpp"
 
 namespace vastrel::codec {
 
@@ -29,9 +27,18 @@ inline constexpr std::array<char, 512> kHexPairs = [] {
     return table;
 }();
 
+// Writes the two hex digits of each of the count bytes at in to out.
+template <bool Upper>
+inline void writeHexScalar(const std::uint8_t* in, std::size_t count, char* out) {
+    const char* pairs = kHexPairs<Upper>.data();
+    for (std::size_t i = 0; i < count; ++i)
+        std::memcpy(out + 2 * i, pairs + 2 * in[i], 2);
+}
+
 #if defined(__SSE2__)
-// Writes the 32 hex digits of the 16 bytes at in to out: each nibble plus '0', plus the gap
-// up to 'A' (or 'a') for nibbles above 9, then high and low digits interleaved.
+
+// Each nibble plus '0', plus the gap up to 'A' (or 'a') for nibbles above 9, then high and
+// low digits interleaved.
 template <bool Upper>
 inline void writeSixteenHex(const std::uint8_t* in, char* out) {
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in));
@@ -47,20 +54,35 @@ inline void writeSixteenHex(const std::uint8_t* in, char* out) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(high, low));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 16), _mm_unpackhi_epi8(high, low));
 }
+
+#elif defined(__ARM_NEON)
+
+template <bool Upper>
+inline void writeSixteenHex(const std::uint8_t* in, char* out) {
+    const uint8x16_t bytes = vld1q_u8(in);
+    const auto digits = [](uint8x16_t nibbles) {
+        const uint8x16_t letters = vcgtq_u8(nibbles, vdupq_n_u8(9));
+        return vaddq_u8(vaddq_u8(nibbles, vdupq_n_u8('0')),
+                        vandq_u8(letters, vdupq_n_u8(Upper ? 'A' - '0' - 10 : 'a' - '0' - 10)));
+    };
+    uint8x16x2_t pairs;
+    pairs.val[0] = digits(vshrq_n_u8(bytes, 4));
+    pairs.val[1] = digits(vandq_u8(bytes, vdupq_n_u8(0x0F)));
+    vst2q_u8(reinterpret_cast<std::uint8_t*>(out), pairs);
+}
+
 #endif
 
 // Writes two hex digits per byte of data at out (2 * data.size() chars).
 template <bool Upper = true>
 inline void writeHex(std::span<const std::uint8_t> data, char* out) {
     const std::uint8_t* in = data.data();
-    const std::uint8_t* const end = in + data.size();
-#if defined(__SSE2__)
-    for (; end - in >= 16; in += 16, out += 32)
+    std::size_t count = data.size();
+#if VASTREL_HEX_SIMD
+    for (; count >= 16; in += 16, out += 32, count -= 16)
         writeSixteenHex<Upper>(in, out);
 #endif
-    const char* pairs = kHexPairs<Upper>.data();
-    for (; in != end; ++in, out += 2)
-        std::memcpy(out, pairs + 2 * *in, 2);
+    writeHexScalar<Upper>(in, count, out);
 }
 
 // Appends two uppercase hex digits per byte of data.

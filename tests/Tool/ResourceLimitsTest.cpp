@@ -49,6 +49,10 @@ std::string deepNesting(std::size_t bytes) {
 }
 
 TEST(ResourceLimitsTest, MegabyteOfNestingIsAnsweredOnASmallStack) {
+#if defined(VASTREL_CROSSCOMPILING)
+    GTEST_SKIP() << "the program runs under an emulator here, whose own stack and memory the "
+                    "limits would measure";
+#endif
     const std::string nested = deepNesting(1 << 20);
     ASSERT_GE(nested.size(), 2u << 20);
     const std::string transaction =

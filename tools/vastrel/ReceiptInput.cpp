@@ -13,6 +13,7 @@
 #include "ReceiptDate.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
+#include "vastrel/Codec/TLVFlatten.hpp"
 #include "vastrel/Model/TransactionRequest.hpp"
 #include "vastrel/Platform/Decimal.hpp"
 #include "vastrel/Receipt/ReceiptHelper.hpp"
@@ -96,25 +97,13 @@ class ObjectReader {
     std::string path_;
 };
 
-// Primitive elements in order, constructed ones replaced by their children: the receipt
-// builders look for tags at the top level only. Recurses once per level of a decoded tree,
-// which the decoder keeps within kMaxTLVDepth.
-void flattenInto(const std::vector<TLVObject>& elements, std::vector<TLVObject>& flat) {
-    for (const auto& element : elements) {
-        if (element.innerTlvs() && !element.innerTlvs()->empty()) {
-            flattenInto(*element.innerTlvs(), flat);
-        } else {
-            flat.push_back(element);
-        }
-    }
-}
-
+// Primitive elements in order, templates opened up: the receipt builders look for tags at
+// the top level only.
 std::vector<TLVObject> chipElements(const std::string& hexText) {
     if (hexText.empty()) return {};
     const std::string hex = cleanHex(hexText, "cardData.emvTLVData");
-    std::vector<TLVObject> flat;
-    flattenInto(TLVDecoder::decodeWithTLVString(hex).value_or(std::vector<TLVObject>{}), flat);
-    return flat;
+    return TLVFlatten::primitives(
+        TLVDecoder::decodeWithTLVString(hex).value_or(std::vector<TLVObject>{}));
 }
 
 CardData readCardData(const json& object) {

@@ -1,0 +1,55 @@
+#include <cstring>
+#include <string>
+
+#include "CApiSupport.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
+
+using namespace vastrel;
+using namespace vastrel::capi;
+
+extern "C" {
+
+vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t* out,
+                                    size_t out_capacity, size_t* out_length) {
+    return guarded([&] {
+        const Bytes bytes = TLVUtility::dataWithHexString(textArgument(hex, hex_length, "hex"));
+        if (out_length != nullptr) *out_length = bytes.size();
+        if (out_capacity < bytes.size()) {
+            return fail(VASTREL_ERROR_BUFFER_TOO_SMALL,
+                        "the result needs " + std::to_string(bytes.size()) +
+                            " bytes, the buffer has " + std::to_string(out_capacity));
+        }
+        if (!bytes.empty()) {
+            require(out, "out");
+            std::memcpy(out, bytes.data(), bytes.size());
+        }
+        return VASTREL_OK;
+    });
+}
+
+vastrel_status vastrel_bytes_to_hex(const uint8_t* bytes, size_t length, char* out,
+                                    size_t out_capacity, size_t* out_length) {
+    return guarded([&] {
+        if (length != 0) require(bytes, "bytes");
+        return writeText(TLVUtility::dataToHexString({bytes, length}), out, out_capacity,
+                         out_length);
+    });
+}
+
+vastrel_status vastrel_text_to_hex(const char* text, size_t length, char* out, size_t out_capacity,
+                                   size_t* out_length) {
+    return guarded([&] {
+        return writeText(TLVUtility::stringToHex(textArgument(text, length, "text")), out,
+                         out_capacity, out_length);
+    });
+}
+
+vastrel_status vastrel_hex_to_text(const char* hex, size_t hex_length, char* out,
+                                   size_t out_capacity, size_t* out_length) {
+    return guarded([&] {
+        return writeText(TLVUtility::hexToAscii(textArgument(hex, hex_length, "hex")), out,
+                         out_capacity, out_length);
+    });
+}
+
+}  // extern "C"

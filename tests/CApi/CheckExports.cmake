@@ -1,0 +1,23 @@
+# Fails unless every dynamic symbol that LIBRARY defines is a vastrel_ function, and the
+# interface's functions are among them.
+execute_process(COMMAND "${NM}" -D --defined-only "${LIBRARY}" OUTPUT_VARIABLE symbols
+                RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${NM} failed on ${LIBRARY}")
+endif()
+string(REPLACE "\n" ";" lines "${symbols}")
+set(exported 0)
+foreach(line IN LISTS lines)
+    if(line STREQUAL "")
+        continue()
+    endif()
+    string(REGEX REPLACE "^.* " "" name "${line}")
+    if(NOT name MATCHES "^vastrel_")
+        message(FATAL_ERROR "exported symbol outside the C interface: ${name}")
+    endif()
+    math(EXPR exported "${exported} + 1")
+endforeach()
+if(exported LESS 30)
+    message(FATAL_ERROR "only ${exported} vastrel_ symbols exported")
+endif()
+message(STATUS "${exported} symbols exported, all vastrel_")

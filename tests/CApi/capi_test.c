@@ -1,0 +1,412 @@
+/* The C interface, called from C as an app would: every function, its results and its
+   error paths. Built as C99 with warnings as errors; prints each failed check and exits 1. */
+#include <stdio.h>
+#include <string.h>
+
+#include "vastrel/vastrel.h"
+
+static int failures = 0;
+
+#define CHECK(condition)                                                                  \
+    do {                                                                                  \
+        if (!(condition)) {                                                               \
+            fprintf(stderr, "%s:%d: check failed: %s\n", __FILE__, __LINE__, #condition); \
+            ++failures;                                                                   \
+        }                                                                                 \
+    } while (0)
+
+#define CHECK_STATUS(call, expected) CHECK((call) == (expected))
+
+/* Text of a call that writes text, read into a static buffer. */
+static char text[512];
+static size_t text_length;
+
+static int text_is(const char* expected) {
+    return text_length == strlen(expected) && strcmp(text, expected) == 0;
+}
+
+/* Log lines the callback received, joined by '|'. */
+static char log_lines[1024];
+static int log_count;
+
+static void collect_log(void* context, const char* line, size_t length) {
+    CHECK(context == (void*)log_lines);
+    CHECK(strlen(line) == length);
+    if (strlen(log_lines) + length + 2 < sizeof log_lines) {
+        strcat(log_lines, line);
+        strcat(log_lines, "|");
+    }
+    ++log_count;
+}
+
+static void clear_log(void) {
+    log_lines[0] = '\0';
+    log_count = 0;
+}
+
+static void test_status(void) {
+    CHECK(strcmp(vastrel_status_text(VASTREL_OK), "VASTREL_OK") == 0);
+    CHECK(strcmp(vastrel_status_text(VASTREL_ABSENT), "VASTREL_ABSENT") == 0);
+    CHECK(strcmp(vastrel_status_text(VASTREL_ERROR_INTERNAL), "VASTREL_ERROR_INTERNAL") == 0);
+    CHECK(strcmp(vastrel_status_text(42), "VASTREL_UNKNOWN_STATUS") == 0);
+    CHECK(strcmp(vastrel_last_error_message(), "") == 0);
+}
+
+static void test_hex(void) {
+    uint8_t bytes[8];
+    size_t length = 99;
+    static const uint8_t data[] = {0x00, 0x9F, 0xA0, 0xFF};
+
+    CHECK_STATUS(vastrel_hex_to_bytes("009fA0ff", 8, bytes, sizeof bytes, &length), VASTREL_OK);
+    CHECK(length == 4 && memcmp(bytes, data, 4) == 0);
+    CHECK_STATUS(vastrel_hex_to_bytes(" A-1", 4, bytes, sizeof bytes, &length), VASTREL_OK);
+    CHECK(length == 2 && bytes[0] == 0x0A && bytes[1] == 0xFF);
+    CHECK_STATUS(vastrel_hex_to_bytes(NULL, 0, NULL, 0, &length), VASTREL_OK);
+    CHECK(length == 0);
+    CHECK_STATUS(vastrel_hex_to_bytes("ABC", 3, bytes, sizeof bytes, &length),
+                 VASTREL_ERROR_INVALID_HEX);
+    CHECK(strstr(vastrel_last_error_message(), "even number of digits") != NULL);
+    CHECK_STATUS(vastrel_hex_to_bytes("ZZ", 2, bytes, sizeof bytes, &length),
+                 VASTREL_ERROR_INVALID_HEX);
+    CHECK(strstr(vastrel_last_error_message(), "all hex digits") != NULL);
+    CHECK_STATUS(vastrel_hex_to_bytes("0011", 4, bytes, 1, &length),
+                 VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK(length == 2);
+    CHECK_STATUS(vastrel_hex_to_bytes("0011", 4, NULL, 2, &length), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_hex_to_bytes(NULL, 2, bytes, sizeof bytes, &length),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+
+    CHECK_STATUS(vastrel_bytes_to_hex(data, 4, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("009FA0FF"));
+    /* A size query, then a buffer one byte short of the NUL. */
+    CHECK_STATUS(vastrel_bytes_to_hex(data, 4, NULL, 0, &text_length),
+                 VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK(text_length == 8);
+    CHECK_STATUS(vastrel_bytes_to_hex(data, 4, text, 8, NULL), VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK_STATUS(vastrel_bytes_to_hex(data, 4, text, 9, NULL), VASTREL_OK);
+    CHECK_STATUS(vastrel_bytes_to_hex(NULL, 1, text, sizeof text, NULL),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_bytes_to_hex(NULL, 0, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is(""));
+
+    CHECK_STATUS(vastrel_text_to_hex("Az\0q", 4, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("417a"));
+    CHECK_STATUS(vastrel_hex_to_text("56495341", 8, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("VISA"));
+    CHECK_STATUS(vastrel_hex_to_text("4100", 4, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_length == 2 && text[0] == 'A' && text[1] == '\0');
+    CHECK_STATUS(vastrel_hex_to_text("415", 3, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is(""));
+    CHECK_STATUS(vastrel_text_to_hex(NULL, 3, text, sizeof text, NULL),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+}
+
+/* E1 { 9F02, A5 { 88 }, 50 }, 9F1A */
+static const char kTree[] = "E1149F0206000000001234A5038801025004564953419F1A020840";
+
+static void test_decode(void) {
+    vastrel_tlv_list* list = NULL;
+    const vastrel_tlv *e1 = NULL, *element = NULL, *a5 = NULL;
+    size_t count = 0;
+    int64_t length = 0;
+
+    CHECK_STATUS(vastrel_tlv_decode(kTree, strlen(kTree), &list), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_list_count(list, &count), VASTREL_OK);
+    CHECK(count == 2);
+    CHECK_STATUS(vastrel_tlv_list_at(list, 0, &e1), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_tag(e1, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("E1"));
+    CHECK_STATUS(vastrel_tlv_length(e1, &length), VASTREL_OK);
+    CHECK(length == 20);
+    CHECK_STATUS(vastrel_tlv_child_count(e1, &count), VASTREL_OK);
+    CHECK(count == 3);
+
+    CHECK_STATUS(vastrel_tlv_child_at(e1, 0, &element), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_name(element, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("Amount, Authorised (Numeric)"));
+    CHECK_STATUS(vastrel_tlv_value(element, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("000000001234"));
+
+    CHECK_STATUS(vastrel_tlv_child_at(e1, 1, &a5), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_child_count(a5, &count), VASTREL_OK);
+    CHECK(count == 1);
+    CHECK_STATUS(vastrel_tlv_child_at(a5, 0, &element), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_tag(element, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("88"));
+    CHECK_STATUS(vastrel_tlv_child_count(element, &count), VASTREL_OK);
+    CHECK(count == 0);
+    CHECK_STATUS(vastrel_tlv_child_at(element, 0, &element), VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_child_at(e1, 3, &element), VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK(strstr(vastrel_last_error_message(), "index 3") != NULL);
+
+    CHECK_STATUS(vastrel_tlv_list_at(list, 1, &element), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_name(element, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("Terminal Country Code"));
+    CHECK_STATUS(vastrel_tlv_list_at(list, 2, &element), VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_value(e1, text, 4, &text_length), VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK(text_length == 40);
+
+    CHECK_STATUS(vastrel_tlv_list_count(NULL, &count), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_list_count(list, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_list_at(NULL, 0, &element), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_list_at(list, 0, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_child_count(NULL, &count), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_child_count(e1, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_child_at(NULL, 0, &element), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_child_at(e1, 0, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_tag(NULL, text, sizeof text, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_name(NULL, text, sizeof text, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_value(NULL, text, sizeof text, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_length(NULL, &length), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_length(e1, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_decode(kTree, strlen(kTree), NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    vastrel_tlv_list_free(list);
+    vastrel_tlv_list_free(NULL);
+
+    /* A length past the end: the element keeps its length and has an empty value. A 4-byte
+       length with the top bit set reads as negative. */
+    CHECK_STATUS(vastrel_tlv_decode("5A08123456", 10, &list), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_list_at(list, 0, &element), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_value(element, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is(""));
+    CHECK_STATUS(vastrel_tlv_length(element, &length), VASTREL_OK);
+    CHECK(length == 8);
+    vastrel_tlv_list_free(list);
+    CHECK_STATUS(vastrel_tlv_decode("5A84FFFFFFFF00", 14, &list), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_list_at(list, 0, &element), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_length(element, &length), VASTREL_OK);
+    CHECK(length == -1);
+    vastrel_tlv_list_free(list);
+
+    /* Absent, odd-length and empty hex give empty lists; the first two are logged. */
+    clear_log();
+    CHECK_STATUS(vastrel_tlv_decode(NULL, 0, &list), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_list_count(list, &count), VASTREL_OK);
+    CHECK(count == 0);
+    vastrel_tlv_list_free(list);
+    CHECK_STATUS(vastrel_tlv_decode("ABC", 3, &list), VASTREL_OK);
+    vastrel_tlv_list_free(list);
+    CHECK_STATUS(vastrel_tlv_decode("", 0, &list), VASTREL_OK);
+    vastrel_tlv_list_free(list);
+    CHECK(strcmp(log_lines, "TLV is nil|Invalid TLV|") == 0);
+}
+
+static void test_split(void) {
+    vastrel_string_list* list = NULL;
+    size_t count = 0;
+
+    CHECK_STATUS(vastrel_tlv_split("9f0201aa5a0112", 14, &list), VASTREL_OK);
+    CHECK_STATUS(vastrel_string_list_count(list, &count), VASTREL_OK);
+    CHECK(count == 2);
+    CHECK_STATUS(vastrel_string_list_at(list, 0, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("9F0201AA"));
+    CHECK_STATUS(vastrel_string_list_at(list, 1, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("5A0112"));
+    CHECK_STATUS(vastrel_string_list_at(list, 2, text, sizeof text, &text_length),
+                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_string_list_at(NULL, 0, text, sizeof text, NULL),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_string_list_count(NULL, &count), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_string_list_count(list, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    vastrel_string_list_free(list);
+    vastrel_string_list_free(NULL);
+
+    list = NULL;
+    CHECK_STATUS(vastrel_tlv_split("5A0512", 6, &list), VASTREL_ERROR_OUT_OF_RANGE);
+    CHECK(list == NULL);
+    CHECK_STATUS(vastrel_tlv_split("5A0", 3, &list), VASTREL_ERROR_INVALID_HEX);
+    CHECK_STATUS(vastrel_tlv_split("5A00", 4, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_tlv_split(NULL, 4, &list), VASTREL_ERROR_NULL_ARGUMENT);
+}
+
+static void test_lookups(void) {
+    int64_t cvm = -1;
+    uint64_t number = 99;
+
+    CHECK_STATUS(vastrel_tag_name("9F34", 4, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("Cardholder Verification Method (CVM) Results"));
+    CHECK_STATUS(vastrel_tag_name("9f34", 4, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("Unknown"));
+    CHECK_STATUS(vastrel_tag_name(NULL, 0, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK(text_is("Unknown"));
+
+    CHECK_STATUS(vastrel_cvm_result_from_tlv("1f0302", 6, &cvm), VASTREL_OK);
+    CHECK(cvm == VASTREL_CVM_NO_CVM_REQUESTED);
+    CHECK_STATUS(vastrel_cvm_result_from_tlv("5E0300", 6, &cvm), VASTREL_OK);
+    CHECK(cvm == VASTREL_CVM_SIGNATURE_REQUIRED);
+    CHECK_STATUS(vastrel_cvm_result_from_tlv(NULL, 0, &cvm), VASTREL_OK);
+    CHECK(cvm == VASTREL_CVM_NOT_AVAILABLE);
+    CHECK_STATUS(vastrel_cvm_result_from_tlv("01", 2, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+
+    CHECK_STATUS(vastrel_cardholder_authentication_method_from_tlv("410302", 6, &number),
+                 VASTREL_OK);
+    CHECK(number == 0);
+    CHECK_STATUS(vastrel_cardholder_authentication_method_from_tlv("010302", 6, &number),
+                 VASTREL_OK);
+    CHECK(number == 2);
+    CHECK_STATUS(vastrel_cardholder_authentication_method_from_tlv(NULL, 0, &number), VASTREL_OK);
+    CHECK(number == 9);
+    CHECK_STATUS(vastrel_cardholder_authentication_method_from_tlv("02", 2, NULL),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+
+    CHECK_STATUS(vastrel_card_type_from_pan("371449******8431", 16, &number), VASTREL_OK);
+    CHECK(number == VASTREL_CARD_AMEX);
+    CHECK_STATUS(vastrel_card_type_from_pan("4", 1, &number), VASTREL_OK);
+    CHECK(number == VASTREL_CARD_VISA);
+    CHECK_STATUS(vastrel_card_type_from_pan("", 0, &number), VASTREL_OK);
+    CHECK(number == VASTREL_CARD_UNKNOWN);
+    CHECK_STATUS(vastrel_card_type_from_pan("4111*1", 6, &number), VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK(strstr(vastrel_last_error_message(), "digits") != NULL);
+    CHECK_STATUS(vastrel_card_type_from_pan("4111", 4, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+
+    CHECK_STATUS(vastrel_enum_display_string(VASTREL_ENUM_CARD_TYPE, VASTREL_CARD_VISA, text,
+                                             sizeof text, &text_length),
+                 VASTREL_OK);
+    CHECK(text_is("VISA"));
+    CHECK_STATUS(
+        vastrel_enum_display_string(VASTREL_ENUM_CVM_RESULT, 31, text, sizeof text, &text_length),
+        VASTREL_OK);
+    CHECK(text_is("SIGNATURE REQUIRED")); /* 31 shares the key of 17 and up */
+    CHECK_STATUS(
+        vastrel_enum_display_string(VASTREL_ENUM_CARD_TYPE, 12, text, sizeof text, &text_length),
+        VASTREL_ABSENT);
+    CHECK(text_is(""));
+    CHECK_STATUS(vastrel_enum_display_string(0, 0, text, sizeof text, &text_length),
+                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_enum_display_string(15, 0, text, sizeof text, &text_length),
+                 VASTREL_ERROR_INVALID_ARGUMENT);
+}
+
+/* 6F { 4F, 50, 9F34, 95, 5F2A, 9F26 }, 9F1A */
+static const char kChipData[] =
+    "6F2C4F07A00000000310105004564953419F3403020300950500000080005F2A0208409F26081122334455667788"
+    "9F1A020840";
+
+static int receipt_text_is(const vastrel_receipt* receipt, int field, const char* expected) {
+    return vastrel_receipt_text(receipt, field, text, sizeof text, &text_length) == VASTREL_OK &&
+           text_is(expected);
+}
+
+static int receipt_number_is(const vastrel_receipt* receipt, int field, int64_t expected) {
+    int64_t value = -1;
+    return vastrel_receipt_number(receipt, field, &value) == VASTREL_OK && value == expected;
+}
+
+static void test_receipts(void) {
+    const vastrel_card_input card = {"476173******0119", "CARD/HOLDER", 1, kChipData};
+    const vastrel_gateway_input gateway = {"A1B2C3", "TX-42", "12.50"};
+    vastrel_receipt* receipt = NULL;
+    int64_t value = 0;
+
+    CHECK_STATUS(vastrel_receipt_build_emv(&gateway, &card, &receipt), VASTREL_OK);
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_TRANSACTION_AMOUNT, "12.5"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_AUTHORIZATION_CODE, "A1B2C3"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_TRANSACTION_ID, "TX-42"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_MASKED_PAN, "476173******0119"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_AID, "A0000000031010"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_APPLICATION_LABEL, "VISA"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_TERMINAL_VERIFICATION_RESULT, "0000008000"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_CRYPTOGRAM, "1122334455667788"));
+    CHECK(receipt_text_is(receipt, VASTREL_RECEIPT_CARDHOLDER_NAME, "CARD/HOLDER"));
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_CARD_TYPE, VASTREL_CARD_VISA));
+    CHECK(
+        receipt_number_is(receipt, VASTREL_RECEIPT_CVM_RESULT, VASTREL_CVM_PIN_OFFLINE_ENCRYPTED));
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_PIN_STATEMENT_TYPE, 1));
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_POS_ENTRY_MODE, 1));
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_CURRENCY_CODE, 0));
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_TERMINAL_COUNTRY_CODE, 0));
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_TRANSACTION_TYPE, 0));
+    CHECK_STATUS(vastrel_receipt_number(receipt, VASTREL_RECEIPT_TRANSACTION_DATE_TIME, &value),
+                 VASTREL_ABSENT);
+    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_INVOICE_NUMBER, text, sizeof text,
+                                      &text_length),
+                 VASTREL_ABSENT);
+    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_CRYPTOGRAM_INFORMATION_DATA + 1,
+                                      text, sizeof text, &text_length),
+                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_receipt_text(receipt, -1, text, sizeof text, &text_length),
+                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_receipt_number(receipt, VASTREL_RECEIPT_TRANSACTION_DATE_TIME + 1, &value),
+                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_receipt_number(receipt, VASTREL_RECEIPT_CARD_TYPE, NULL),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_receipt_text(NULL, VASTREL_RECEIPT_AID, text, sizeof text, NULL),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_receipt_number(NULL, VASTREL_RECEIPT_CARD_TYPE, &value),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+    vastrel_receipt_free(receipt);
+    vastrel_receipt_free(NULL);
+
+    /* A stripe receipt with no gateway answer: logged, and the gateway's fields are absent. */
+    clear_log();
+    CHECK_STATUS(vastrel_receipt_build_msr(2, NULL, &card, &receipt), VASTREL_OK);
+    CHECK(strstr(log_lines, "Unable to populate required MSR receipt") != NULL);
+    CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_TRANSACTION_TYPE, 2));
+    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_AUTHORIZATION_CODE, text,
+                                      sizeof text, &text_length),
+                 VASTREL_ABSENT);
+    CHECK_STATUS(
+        vastrel_receipt_text(receipt, VASTREL_RECEIPT_AID, text, sizeof text, &text_length),
+        VASTREL_ABSENT);
+    vastrel_receipt_free(receipt);
+
+    /* Chip data without 4F and 50 leaves the EMV fields empty, and says so. */
+    {
+        const vastrel_card_input no_chip = {NULL, NULL, 0, ""};
+        clear_log();
+        CHECK_STATUS(vastrel_receipt_build_emv(NULL, &no_chip, &receipt), VASTREL_OK);
+        CHECK(strcmp(log_lines, "AID and Application Label are missing from EMV tags.|") == 0);
+        CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_CARD_TYPE, VASTREL_CARD_UNKNOWN));
+        vastrel_receipt_free(receipt);
+    }
+
+    /* Bad input is refused before anything is built. */
+    {
+        const vastrel_card_input bad_chip = {NULL, NULL, 0, "4F0"};
+        const vastrel_card_input junk_chip = {NULL, NULL, 0, "4F01ZZ"};
+        const vastrel_gateway_input bad_amount = {NULL, NULL, "12,50"};
+        receipt = NULL;
+        CHECK_STATUS(vastrel_receipt_build_emv(NULL, &bad_chip, &receipt),
+                     VASTREL_ERROR_INVALID_HEX);
+        CHECK(receipt == NULL);
+        CHECK_STATUS(vastrel_receipt_build_msr(0, NULL, &junk_chip, &receipt),
+                     VASTREL_ERROR_INVALID_HEX);
+        CHECK_STATUS(vastrel_receipt_build_emv(&bad_amount, NULL, &receipt),
+                     VASTREL_ERROR_INVALID_ARGUMENT);
+        CHECK(strstr(vastrel_last_error_message(), "12,50") != NULL);
+        CHECK_STATUS(vastrel_receipt_build_emv(NULL, NULL, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+        CHECK_STATUS(vastrel_receipt_build_msr(0, NULL, NULL, NULL), VASTREL_ERROR_NULL_ARGUMENT);
+    }
+}
+
+static void test_logging(void) {
+    vastrel_tlv_list* list = NULL;
+    clear_log();
+    CHECK_STATUS(vastrel_set_logging_enabled(0), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_decode(NULL, 0, &list), VASTREL_OK);
+    vastrel_tlv_list_free(list);
+    CHECK(log_count == 0);
+    CHECK_STATUS(vastrel_set_logging_enabled(1), VASTREL_OK);
+    /* The default handler again: lines go to stderr, not to the callback. */
+    CHECK_STATUS(vastrel_set_log_callback(NULL, NULL), VASTREL_OK);
+    CHECK_STATUS(vastrel_tlv_decode(NULL, 0, &list), VASTREL_OK);
+    vastrel_tlv_list_free(list);
+    CHECK(log_count == 0);
+}
+
+int main(void) {
+    CHECK_STATUS(vastrel_set_log_callback(collect_log, log_lines), VASTREL_OK);
+    test_status();
+    test_hex();
+    test_decode();
+    test_split();
+    test_lookups();
+    test_receipts();
+    test_logging();
+    if (failures != 0) {
+        fprintf(stderr, "%d checks failed\n", failures);
+        return 1;
+    }
+    puts("all C interface checks passed");
+    return 0;
+}
