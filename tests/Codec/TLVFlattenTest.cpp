@@ -1,0 +1,53 @@
+#include "vastrel/Codec/TLVFlatten.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "vastrel/Codec/TLVDecoder.hpp"
+
+namespace vastrel {
+namespace {
+
+std::vector<std::string> tagsOf(const std::vector<TLVObject>& elements) {
+    std::vector<std::string> tags;
+    for (const TLVObject& element : elements)
+        tags.push_back(element.tag().value_or("?"));
+    return tags;
+}
+
+TEST(TLVFlattenTest, OpensTemplatesAtEveryDepthInOrder) {
+    // 6F { 84, A5 { 50, BF0C { 9F4D } , 87 }, 88 }, 9F1A; the decoder leaves each level's last
+    // element whole, so 88 and 9F1A close their levels.
+    const auto decoded = TLVDecoder::decodeWithTLVString(
+        "6F1B8401AAA511500141BF0C049F4D0111870101880102"
+        "9F1A020840");
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(tagsOf(TLVFlatten::primitives(*decoded)),
+              (std::vector<std::string>{"84", "50", "9F4D", "87", "88", "9F1A"}));
+}
+
+TEST(TLVFlattenTest, KeepsTemplatesWithoutChildren) {
+    TLVObject empty("E1");
+    empty.setInnerTlvs(std::vector<TLVObject>{});
+    EXPECT_EQ(tagsOf(TLVFlatten::primitives({empty, TLVObject("5A")})),
+              (std::vector<std::string>{"E1", "5A"}));
+    EXPECT_TRUE(TLVFlatten::primitives({}).empty());
+}
+
+TEST(TLVFlattenTest, HandBuiltTreeDeeperThanAnyStackIsFlattened) {
+    TLVObject tree("5A");
+    for (int level = 0; level < 100'000; ++level) {
+        TLVObject parent("E1");
+        parent.setInnerTlvs(std::vector<TLVObject>{std::move(tree), TLVObject("9F02")});
+        tree = std::move(parent);
+    }
+    const auto flat = TLVFlatten::primitives({tree});
+    ASSERT_EQ(flat.size(), 100'001u);
+    EXPECT_EQ(flat.front().tag(), "5A");
+    EXPECT_EQ(flat.back().tag(), "9F02");
+}
+
+}  // namespace
+}  // namespace vastrel
