@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
     vastrel::bench::registerCodecBenchmarks();
     vastrel::bench::registerLookupBenchmarks();
     vastrel::bench::registerReceiptBenchmarks();
+    vastrel::bench::registerCApiBenchmarks();
 
     vastrel::bench::SummaryReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -1,16 +1,18 @@
-# `cmake --install` puts the static library, its headers, the vastrel tool, a CMake package
+# `cmake --install` puts the static library, the C interface's shared library, the headers
+# (with the C header's module map), the vastrel tool, a CMake package
 # (find_package(vastrel CONFIG) -> vastrel::vastrel) and a pkg-config file under the prefix.
 # Both package forms are relocatable: they find the prefix from where they are installed.
 include(CMakePackageConfigHelpers)
 
 set(VASTREL_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/vastrel")
 
-install(TARGETS vastrel EXPORT vastrelTargets
+install(TARGETS vastrel vastrel_c EXPORT vastrelTargets
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vastrel"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
-    FILES_MATCHING PATTERN "*.hpp")
+    FILES_MATCHING PATTERN "*.hpp" PATTERN "*.h" PATTERN "module.modulemap")
 if(TARGET vastrel_tool)
     install(TARGETS vastrel_tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endif()

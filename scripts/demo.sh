@@ -4,7 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-./scripts/setup.sh
+# The release preset also builds the Java binding, so it needs the JDK.
+./scripts/setup.sh java
 
 echo "==> configure and build the vastrel tool (release)"
 cmake --preset release >/dev/null

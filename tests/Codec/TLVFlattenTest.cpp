@@ -39,11 +39,15 @@ TEST(TLVFlattenTest, KeepsTemplatesWithoutChildren) {
 TEST(TLVFlattenTest, HandBuiltTreeDeeperThanAnyStackIsFlattened) {
     TLVObject tree("5A");
     for (int level = 0; level < 100'000; ++level) {
-        TLVObject parent("E1");
-        parent.setInnerTlvs(std::vector<TLVObject>{std::move(tree), TLVObject("9F02")});
-        tree = std::move(parent);
+        std::vector<TLVObject> children;
+        children.reserve(2);
+        children.push_back(std::move(tree));
+        children.emplace_back("9F02");
+        tree = TLVObject("E1");
+        tree.setInnerTlvs(std::move(children));
     }
-    const auto flat = TLVFlatten::primitives({tree});
+    const std::vector<TLVObject> forest(1, std::move(tree));
+    const auto flat = TLVFlatten::primitives(forest);
     ASSERT_EQ(flat.size(), 100'001u);
     EXPECT_EQ(flat.front().tag(), "5A");
     EXPECT_EQ(flat.back().tag(), "9F02");
