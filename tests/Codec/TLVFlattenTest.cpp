@@ -21,7 +21,7 @@ TEST(TLVFlattenTest, OpensTemplatesAtEveryDepthInOrder) {
     // 6F { 84, A5 { 50, BF0C { 9F4D } , 87 }, 88 }, 9F1A; the decoder leaves each level's last
     // element whole, so 88 and 9F1A close their levels.
     const auto decoded = TLVDecoder::decodeWithTLVString(
-        "6F1B8401AAA511500141BF0C049F4D0111870101880102"
+        "6F158401AAA50D500141BF0C049F4D0111870101880102"
         "9F1A020840");
     ASSERT_TRUE(decoded);
     EXPECT_EQ(tagsOf(TLVFlatten::primitives(*decoded)),
