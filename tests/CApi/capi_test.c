@@ -17,6 +17,10 @@ static int failures = 0;
 
 #define CHECK_STATUS(call, expected) CHECK((call) == (expected))
 
+/* The output arguments of a call that writes text into the shared buffer below. */
+#define OUT text, sizeof text, &text_length
+#define CHECK_TEXT(call, expected) CHECK((call) == VASTREL_OK && text_is(expected))
+
 /* Text of a call that writes text, read into a static buffer. */
 static char text[512];
 static size_t text_length;
@@ -76,8 +80,7 @@ static void test_hex(void) {
     CHECK_STATUS(vastrel_hex_to_bytes(NULL, 2, bytes, sizeof bytes, &length),
                  VASTREL_ERROR_NULL_ARGUMENT);
 
-    CHECK_STATUS(vastrel_bytes_to_hex(data, 4, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("009FA0FF"));
+    CHECK_TEXT(vastrel_bytes_to_hex(data, 4, OUT), "009FA0FF");
     /* A size query, then a buffer one byte short of the NUL. */
     CHECK_STATUS(vastrel_bytes_to_hex(data, 4, NULL, 0, &text_length),
                  VASTREL_ERROR_BUFFER_TOO_SMALL);
@@ -86,17 +89,13 @@ static void test_hex(void) {
     CHECK_STATUS(vastrel_bytes_to_hex(data, 4, text, 9, NULL), VASTREL_OK);
     CHECK_STATUS(vastrel_bytes_to_hex(NULL, 1, text, sizeof text, NULL),
                  VASTREL_ERROR_NULL_ARGUMENT);
-    CHECK_STATUS(vastrel_bytes_to_hex(NULL, 0, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is(""));
+    CHECK_TEXT(vastrel_bytes_to_hex(NULL, 0, OUT), "");
 
-    CHECK_STATUS(vastrel_text_to_hex("Az\0q", 4, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("417a"));
-    CHECK_STATUS(vastrel_hex_to_text("56495341", 8, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("VISA"));
-    CHECK_STATUS(vastrel_hex_to_text("4100", 4, text, sizeof text, &text_length), VASTREL_OK);
+    CHECK_TEXT(vastrel_text_to_hex("Az\0q", 4, OUT), "417a");
+    CHECK_TEXT(vastrel_hex_to_text("56495341", 8, OUT), "VISA");
+    CHECK_STATUS(vastrel_hex_to_text("4100", 4, OUT), VASTREL_OK);
     CHECK(text_length == 2 && text[0] == 'A' && text[1] == '\0');
-    CHECK_STATUS(vastrel_hex_to_text("415", 3, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is(""));
+    CHECK_TEXT(vastrel_hex_to_text("415", 3, OUT), "");
     CHECK_STATUS(vastrel_text_to_hex(NULL, 3, text, sizeof text, NULL),
                  VASTREL_ERROR_NULL_ARGUMENT);
 }
@@ -114,25 +113,21 @@ static void test_decode(void) {
     CHECK_STATUS(vastrel_tlv_list_count(list, &count), VASTREL_OK);
     CHECK(count == 2);
     CHECK_STATUS(vastrel_tlv_list_at(list, 0, &e1), VASTREL_OK);
-    CHECK_STATUS(vastrel_tlv_tag(e1, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("E1"));
+    CHECK_TEXT(vastrel_tlv_tag(e1, OUT), "E1");
     CHECK_STATUS(vastrel_tlv_length(e1, &length), VASTREL_OK);
     CHECK(length == 20);
     CHECK_STATUS(vastrel_tlv_child_count(e1, &count), VASTREL_OK);
     CHECK(count == 3);
 
     CHECK_STATUS(vastrel_tlv_child_at(e1, 0, &element), VASTREL_OK);
-    CHECK_STATUS(vastrel_tlv_name(element, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("Amount, Authorised (Numeric)"));
-    CHECK_STATUS(vastrel_tlv_value(element, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("000000001234"));
+    CHECK_TEXT(vastrel_tlv_name(element, OUT), "Amount, Authorised (Numeric)");
+    CHECK_TEXT(vastrel_tlv_value(element, OUT), "000000001234");
 
     CHECK_STATUS(vastrel_tlv_child_at(e1, 1, &a5), VASTREL_OK);
     CHECK_STATUS(vastrel_tlv_child_count(a5, &count), VASTREL_OK);
     CHECK(count == 1);
     CHECK_STATUS(vastrel_tlv_child_at(a5, 0, &element), VASTREL_OK);
-    CHECK_STATUS(vastrel_tlv_tag(element, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("88"));
+    CHECK_TEXT(vastrel_tlv_tag(element, OUT), "88");
     CHECK_STATUS(vastrel_tlv_child_count(element, &count), VASTREL_OK);
     CHECK(count == 0);
     CHECK_STATUS(vastrel_tlv_child_at(element, 0, &element), VASTREL_ERROR_INVALID_ARGUMENT);
@@ -140,8 +135,7 @@ static void test_decode(void) {
     CHECK(strstr(vastrel_last_error_message(), "index 3") != NULL);
 
     CHECK_STATUS(vastrel_tlv_list_at(list, 1, &element), VASTREL_OK);
-    CHECK_STATUS(vastrel_tlv_name(element, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("Terminal Country Code"));
+    CHECK_TEXT(vastrel_tlv_name(element, OUT), "Terminal Country Code");
     CHECK_STATUS(vastrel_tlv_list_at(list, 2, &element), VASTREL_ERROR_INVALID_ARGUMENT);
     CHECK_STATUS(vastrel_tlv_value(e1, text, 4, &text_length), VASTREL_ERROR_BUFFER_TOO_SMALL);
     CHECK(text_length == 40);
@@ -167,8 +161,7 @@ static void test_decode(void) {
        length with the top bit set reads as negative. */
     CHECK_STATUS(vastrel_tlv_decode("5A08123456", 10, &list), VASTREL_OK);
     CHECK_STATUS(vastrel_tlv_list_at(list, 0, &element), VASTREL_OK);
-    CHECK_STATUS(vastrel_tlv_value(element, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is(""));
+    CHECK_TEXT(vastrel_tlv_value(element, OUT), "");
     CHECK_STATUS(vastrel_tlv_length(element, &length), VASTREL_OK);
     CHECK(length == 8);
     vastrel_tlv_list_free(list);
@@ -198,12 +191,9 @@ static void test_split(void) {
     CHECK_STATUS(vastrel_tlv_split("9f0201aa5a0112", 14, &list), VASTREL_OK);
     CHECK_STATUS(vastrel_string_list_count(list, &count), VASTREL_OK);
     CHECK(count == 2);
-    CHECK_STATUS(vastrel_string_list_at(list, 0, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("9F0201AA"));
-    CHECK_STATUS(vastrel_string_list_at(list, 1, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("5A0112"));
-    CHECK_STATUS(vastrel_string_list_at(list, 2, text, sizeof text, &text_length),
-                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_TEXT(vastrel_string_list_at(list, 0, OUT), "9F0201AA");
+    CHECK_TEXT(vastrel_string_list_at(list, 1, OUT), "5A0112");
+    CHECK_STATUS(vastrel_string_list_at(list, 2, OUT), VASTREL_ERROR_INVALID_ARGUMENT);
     CHECK_STATUS(vastrel_string_list_at(NULL, 0, text, sizeof text, NULL),
                  VASTREL_ERROR_NULL_ARGUMENT);
     CHECK_STATUS(vastrel_string_list_count(NULL, &count), VASTREL_ERROR_NULL_ARGUMENT);
@@ -223,12 +213,9 @@ static void test_lookups(void) {
     int64_t cvm = -1;
     uint64_t number = 99;
 
-    CHECK_STATUS(vastrel_tag_name("9F34", 4, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("Cardholder Verification Method (CVM) Results"));
-    CHECK_STATUS(vastrel_tag_name("9f34", 4, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("Unknown"));
-    CHECK_STATUS(vastrel_tag_name(NULL, 0, text, sizeof text, &text_length), VASTREL_OK);
-    CHECK(text_is("Unknown"));
+    CHECK_TEXT(vastrel_tag_name("9F34", 4, OUT), "Cardholder Verification Method (CVM) Results");
+    CHECK_TEXT(vastrel_tag_name("9f34", 4, OUT), "Unknown");
+    CHECK_TEXT(vastrel_tag_name(NULL, 0, OUT), "Unknown");
 
     CHECK_STATUS(vastrel_cvm_result_from_tlv("1f0302", 6, &cvm), VASTREL_OK);
     CHECK(cvm == VASTREL_CVM_NO_CVM_REQUESTED);
@@ -259,22 +246,13 @@ static void test_lookups(void) {
     CHECK(strstr(vastrel_last_error_message(), "digits") != NULL);
     CHECK_STATUS(vastrel_card_type_from_pan("4111", 4, NULL), VASTREL_ERROR_NULL_ARGUMENT);
 
-    CHECK_STATUS(vastrel_enum_display_string(VASTREL_ENUM_CARD_TYPE, VASTREL_CARD_VISA, text,
-                                             sizeof text, &text_length),
-                 VASTREL_OK);
-    CHECK(text_is("VISA"));
-    CHECK_STATUS(
-        vastrel_enum_display_string(VASTREL_ENUM_CVM_RESULT, 31, text, sizeof text, &text_length),
-        VASTREL_OK);
+    CHECK_TEXT(vastrel_enum_display_string(VASTREL_ENUM_CARD_TYPE, VASTREL_CARD_VISA, OUT), "VISA");
+    CHECK_STATUS(vastrel_enum_display_string(VASTREL_ENUM_CVM_RESULT, 31, OUT), VASTREL_OK);
     CHECK(text_is("SIGNATURE REQUIRED")); /* 31 shares the key of 17 and up */
-    CHECK_STATUS(
-        vastrel_enum_display_string(VASTREL_ENUM_CARD_TYPE, 12, text, sizeof text, &text_length),
-        VASTREL_ABSENT);
+    CHECK_STATUS(vastrel_enum_display_string(VASTREL_ENUM_CARD_TYPE, 12, OUT), VASTREL_ABSENT);
     CHECK(text_is(""));
-    CHECK_STATUS(vastrel_enum_display_string(0, 0, text, sizeof text, &text_length),
-                 VASTREL_ERROR_INVALID_ARGUMENT);
-    CHECK_STATUS(vastrel_enum_display_string(15, 0, text, sizeof text, &text_length),
-                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_enum_display_string(0, 0, OUT), VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_enum_display_string(15, 0, OUT), VASTREL_ERROR_INVALID_ARGUMENT);
 }
 
 /* 6F { 4F, 50, 9F34, 95, 5F2A, 9F26 }, 9F1A */
@@ -283,8 +261,7 @@ static const char kChipData[] =
     "9F1A020840";
 
 static int receipt_text_is(const vastrel_receipt* receipt, int field, const char* expected) {
-    return vastrel_receipt_text(receipt, field, text, sizeof text, &text_length) == VASTREL_OK &&
-           text_is(expected);
+    return vastrel_receipt_text(receipt, field, OUT) == VASTREL_OK && text_is(expected);
 }
 
 static int receipt_number_is(const vastrel_receipt* receipt, int field, int64_t expected) {
@@ -318,14 +295,12 @@ static void test_receipts(void) {
     CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_TRANSACTION_TYPE, 0));
     CHECK_STATUS(vastrel_receipt_number(receipt, VASTREL_RECEIPT_TRANSACTION_DATE_TIME, &value),
                  VASTREL_ABSENT);
-    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_INVOICE_NUMBER, text, sizeof text,
-                                      &text_length),
+    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_INVOICE_NUMBER, OUT),
                  VASTREL_ABSENT);
-    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_CRYPTOGRAM_INFORMATION_DATA + 1,
-                                      text, sizeof text, &text_length),
-                 VASTREL_ERROR_INVALID_ARGUMENT);
-    CHECK_STATUS(vastrel_receipt_text(receipt, -1, text, sizeof text, &text_length),
-                 VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(
+        vastrel_receipt_text(receipt, VASTREL_RECEIPT_CRYPTOGRAM_INFORMATION_DATA + 1, OUT),
+        VASTREL_ERROR_INVALID_ARGUMENT);
+    CHECK_STATUS(vastrel_receipt_text(receipt, -1, OUT), VASTREL_ERROR_INVALID_ARGUMENT);
     CHECK_STATUS(vastrel_receipt_number(receipt, VASTREL_RECEIPT_TRANSACTION_DATE_TIME + 1, &value),
                  VASTREL_ERROR_INVALID_ARGUMENT);
     CHECK_STATUS(vastrel_receipt_number(receipt, VASTREL_RECEIPT_CARD_TYPE, NULL),
@@ -342,12 +317,9 @@ static void test_receipts(void) {
     CHECK_STATUS(vastrel_receipt_build_msr(2, NULL, &card, &receipt), VASTREL_OK);
     CHECK(strstr(log_lines, "Unable to populate required MSR receipt") != NULL);
     CHECK(receipt_number_is(receipt, VASTREL_RECEIPT_TRANSACTION_TYPE, 2));
-    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_AUTHORIZATION_CODE, text,
-                                      sizeof text, &text_length),
+    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_AUTHORIZATION_CODE, OUT),
                  VASTREL_ABSENT);
-    CHECK_STATUS(
-        vastrel_receipt_text(receipt, VASTREL_RECEIPT_AID, text, sizeof text, &text_length),
-        VASTREL_ABSENT);
+    CHECK_STATUS(vastrel_receipt_text(receipt, VASTREL_RECEIPT_AID, OUT), VASTREL_ABSENT);
     vastrel_receipt_free(receipt);
 
     /* Chip data without 4F and 50 leaves the EMV fields empty, and says so. */
