@@ -13,8 +13,7 @@
 namespace {
 
 bool isListedStatus(vastrel_status status) {
-    return status >= VASTREL_ERROR_INTERNAL && status <= VASTREL_ABSENT &&
-           status != VASTREL_ERROR_INTERNAL;
+    return status > VASTREL_ERROR_INTERNAL && status <= VASTREL_ABSENT;
 }
 
 void readText(vastrel_status (*read)(const vastrel_tlv*, char*, size_t, size_t*),

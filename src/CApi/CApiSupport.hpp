@@ -4,8 +4,10 @@
 // reading the caller's (pointer, length) text, and writing text into the caller's buffer.
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -48,7 +50,14 @@ std::string_view textArgument(const char* text, std::size_t length, const char* 
 // Like textArgument, but NULL (whatever the length) is absent.
 std::optional<std::string_view> optionalTextArgument(const char* text, std::size_t length);
 
-// Copies text and a NUL into out, or reports the size needed; see vastrel.h.
+enum class Terminator { None, Nul };
+
+// Copies bytes (and a NUL with Terminator::Nul) into out, or reports the size needed; *length
+// receives bytes.size() either way. See vastrel.h.
+vastrel_status writeBytes(std::span<const std::uint8_t> bytes, std::uint8_t* out,
+                          std::size_t capacity, std::size_t* length, Terminator terminator);
+
+// writeBytes of text with its NUL.
 vastrel_status writeText(std::string_view text, char* out, std::size_t capacity,
                          std::size_t* length);
 

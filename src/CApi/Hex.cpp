@@ -1,6 +1,3 @@
-#include <cstring>
-#include <string>
-
 #include "CApiSupport.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
 
@@ -13,17 +10,7 @@ vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t*
                                     size_t out_capacity, size_t* out_length) {
     return guarded([&] {
         const Bytes bytes = TLVUtility::dataWithHexString(textArgument(hex, hex_length, "hex"));
-        if (out_length != nullptr) *out_length = bytes.size();
-        if (out_capacity < bytes.size()) {
-            return fail(VASTREL_ERROR_BUFFER_TOO_SMALL,
-                        "the result needs " + std::to_string(bytes.size()) +
-                            " bytes, the buffer has " + std::to_string(out_capacity));
-        }
-        if (!bytes.empty()) {
-            require(out, "out");
-            std::memcpy(out, bytes.data(), bytes.size());
-        }
-        return VASTREL_OK;
+        return writeBytes(bytes, out, out_capacity, out_length, Terminator::None);
     });
 }
 

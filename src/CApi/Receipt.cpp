@@ -53,15 +53,10 @@ std::optional<GatewayResponse> responseOf(const vastrel_gateway_input* input) {
     GatewayResponse response;
     response.setAuthCode(textOf(input->auth_code));
     response.setGatewayTransactionId(textOf(input->gateway_transaction_id));
-    if (input->approved_amount != nullptr) {
-        try {
-            response.setApprovedAmount(Decimal(input->approved_amount));
-        } catch (const std::invalid_argument&) {
-            throw Failure{VASTREL_ERROR_INVALID_ARGUMENT,
-                          std::string("approved_amount is not plain decimal text: ") +
-                              input->approved_amount};
-        }
-    }
+    // Text that is not a plain decimal throws std::invalid_argument, which the interface
+    // reports as VASTREL_ERROR_INVALID_ARGUMENT with the text in the message.
+    if (input->approved_amount != nullptr)
+        response.setApprovedAmount(Decimal(input->approved_amount));
     return response;
 }
 

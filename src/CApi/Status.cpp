@@ -56,18 +56,26 @@ std::optional<std::string_view> optionalTextArgument(const char* text, std::size
     return std::string_view(text, length);
 }
 
+vastrel_status writeBytes(std::span<const std::uint8_t> bytes, std::uint8_t* out,
+                          std::size_t capacity, std::size_t* length, Terminator terminator) {
+    if (length != nullptr) *length = bytes.size();
+    const std::size_t needed = bytes.size() + (terminator == Terminator::Nul ? 1 : 0);
+    if (capacity < needed) {
+        return fail(VASTREL_ERROR_BUFFER_TOO_SMALL, "the result needs " + std::to_string(needed) +
+                                                        " bytes, the buffer has " +
+                                                        std::to_string(capacity));
+    }
+    if (needed == 0) return VASTREL_OK;
+    require(out, "out");
+    if (!bytes.empty()) std::memcpy(out, bytes.data(), bytes.size());
+    if (terminator == Terminator::Nul) out[bytes.size()] = 0;
+    return VASTREL_OK;
+}
+
 vastrel_status writeText(std::string_view text, char* out, std::size_t capacity,
                          std::size_t* length) {
-    if (length != nullptr) *length = text.size();
-    if (capacity <= text.size()) {
-        return fail(VASTREL_ERROR_BUFFER_TOO_SMALL,
-                    "the result needs " + std::to_string(text.size() + 1) +
-                        " bytes, the buffer has " + std::to_string(capacity));
-    }
-    require(out, "out");
-    if (!text.empty()) std::memcpy(out, text.data(), text.size());
-    out[text.size()] = '\0';
-    return VASTREL_OK;
+    return writeBytes({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()},
+                      reinterpret_cast<std::uint8_t*>(out), capacity, length, Terminator::Nul);
 }
 
 vastrel_status writeOptionalText(const std::optional<std::string>& text, char* out,

@@ -56,17 +56,21 @@ jbyteArray arrayOf(JNIEnv* env, const char* data, std::size_t length) {
     return array;
 }
 
-// Calls write(out, capacity, &length) twice: once for the size, once into a buffer that
-// fits. Null for VASTREL_ABSENT.
+// Calls write(out, capacity, &length) into a buffer on the stack, which holds nearly every
+// result, and again into one of the size reported when it does not. Null for VASTREL_ABSENT.
 template <class Write>
 jbyteArray textResult(JNIEnv* env, Write&& write) {
+    char small[256];
     std::size_t length = 0;
-    vastrel_status status = write(nullptr, 0, &length);
-    if (status != VASTREL_ERROR_BUFFER_TOO_SMALL) check(env, status);
-    std::string buffer(length + 1, '\0');
-    status = check(env, write(buffer.data(), buffer.size(), &length));
+    vastrel_status status = write(small, sizeof small, &length);
+    if (status != VASTREL_ERROR_BUFFER_TOO_SMALL) {
+        if (check(env, status) == VASTREL_ABSENT) return nullptr;
+        return arrayOf(env, small, length);
+    }
+    std::string large(length + 1, '\0');
+    status = check(env, write(large.data(), large.size(), &length));
     if (status == VASTREL_ABSENT) return nullptr;
-    return arrayOf(env, buffer.data(), length);
+    return arrayOf(env, large.data(), length);
 }
 
 // Runs body and turns a pending Java exception into the native method's return.
@@ -91,7 +95,9 @@ jlong handleOf(Pointer* pointer) {
 
 // The log handler: one global reference to a Consumer<String>, replaced under a lock.
 JavaVM* javaVm = nullptr;
-std::recursive_mutex logMutex;  // a handler may replace itself
+jclass stringClass = nullptr;         // global reference, taken when the library loads
+jmethodID stringFromBytes = nullptr;  // String(byte[], String charsetName)
+std::recursive_mutex logMutex;        // a handler may replace itself
 jobject logHandler = nullptr;
 jmethodID acceptMethod = nullptr;
 
@@ -105,14 +111,11 @@ void deliverLogLine(void*, const char* line, std::size_t length) {
     {
         const std::lock_guard lock(logMutex);
         if (logHandler != nullptr && env->PushLocalFrame(4) == JNI_OK) {
-            jclass stringClass = env->FindClass("java/lang/String");
-            jmethodID fromBytes =
-                env->GetMethodID(stringClass, "<init>", "([BLjava/lang/String;)V");
             jbyteArray bytes = env->NewByteArray(static_cast<jsize>(length));
             env->SetByteArrayRegion(bytes, 0, static_cast<jsize>(length),
                                     reinterpret_cast<const jbyte*>(line));
             jobject text =
-                env->NewObject(stringClass, fromBytes, bytes, env->NewStringUTF("UTF-8"));
+                env->NewObject(stringClass, stringFromBytes, bytes, env->NewStringUTF("UTF-8"));
             if (text != nullptr) env->CallVoidMethod(logHandler, acceptMethod, text);
             // A handler that throws loses its line; the library's caller carries on.
             if (env->ExceptionCheck()) env->ExceptionClear();
@@ -128,7 +131,13 @@ extern "C" {
 
 JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM* vm, void*) {
     javaVm = vm;
-    return JNI_VERSION_1_8;
+    JNIEnv* env = nullptr;
+    if (vm->GetEnv(reinterpret_cast<void**>(&env), JNI_VERSION_1_8) != JNI_OK) return JNI_ERR;
+    jclass local = env->FindClass("java/lang/String");
+    if (local == nullptr) return JNI_ERR;
+    stringClass = static_cast<jclass>(env->NewGlobalRef(local));
+    stringFromBytes = env->GetMethodID(stringClass, "<init>", "([BLjava/lang/String;)V");
+    return stringFromBytes == nullptr ? JNI_ERR : JNI_VERSION_1_8;
 }
 
 #define VASTREL_JNI(name) Java_dev_vastrel_NativeLib_##name

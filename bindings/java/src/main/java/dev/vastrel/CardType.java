@@ -10,5 +10,9 @@ public enum CardType {
     DINERS_CLUB,
     MAESTRO,
     UNION_PAY,
-    UNKNOWN
+    UNKNOWN;
+
+    static CardType of(long code) {
+        return values()[(int) code];
+    }
 }

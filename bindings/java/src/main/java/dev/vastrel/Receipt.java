@@ -93,7 +93,7 @@ public final class Receipt implements AutoCloseable {
     }
 
     public CardType cardType() {
-        return CardType.values()[(int) number(Number.CARD_TYPE).orElseThrow()];
+        return CardType.of(number(Number.CARD_TYPE).orElseThrow());
     }
 
     public CvmResult cvmResult() {

@@ -63,7 +63,7 @@ public final class Vastrel {
 
     /** The brand of a card number whose first six characters are digits. */
     public static CardType cardTypeFromPan(String pan) {
-        return CardType.values()[(int) NativeLib.cardTypeFromPan(Utf8.required(pan, "pan"))];
+        return CardType.of(NativeLib.cardTypeFromPan(Utf8.required(pan, "pan")));
     }
 
     /** The display string of value in the table of type, or null when there is none. */
