@@ -56,6 +56,7 @@ int runChosen(const std::vector<Command>& commands, bool verbose, const CliStrea
             for (const auto& warning : output.warnings) {
                 err << "vastrel: warning: " << warning << '\n';
             }
+            if (output.error) return fail(err, kInputFailure, *output.error);
             return 0;
         }
         return fail(err, kUsageFailure, "no subcommand given (see vastrel --help)");
@@ -115,7 +116,7 @@ int runCli(std::span<const char* const> args, const CliStreams& streams) {
     app.fallthrough();  // --verbose may also come after the subcommand
 
     const std::vector<Command> commands = {
-        addDecodeCommand(app), addSplitCommand(app), addTagCommand(app),
+        addExplainCommand(app), addDecodeCommand(app), addSplitCommand(app), addTagCommand(app),
         addTagsCommand(app),   addCvmCommand(app),   addBrandCommand(app),
         addEnumCommand(app),   addIccCommand(app),   addReceiptCommand(app),
     };

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ namespace vastrel::tool {
 struct CommandOutput {
     std::string text;                   // for stdout
     std::vector<std::string> warnings;  // for stderr, one "vastrel: warning: " line each
+    // Set when the input was bad but part of it could still be shown: text is printed, then
+    // this as a "vastrel: error: " line, and the tool exits with status 1.
+    std::optional<std::string> error;
 };
 
 // Where piped data comes from: standard input for the program, a string in tests.
@@ -41,6 +45,7 @@ struct Command {
 };
 
 Command addDecodeCommand(CLI::App& app);
+Command addExplainCommand(CLI::App& app);
 Command addSplitCommand(CLI::App& app);
 Command addTagCommand(CLI::App& app);
 Command addTagsCommand(CLI::App& app);

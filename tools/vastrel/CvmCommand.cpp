@@ -38,14 +38,14 @@ CommandOutput runCvm(const CvmOptions& options) {
                               {"cvmResult", resultJson},
                               {"authenticationMethod",
                                Json{{"value", methodValue}, {"meaning", methodMeaning(method)}}}}),
-                {}};
+                {}, {}};
     }
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Right, Align::Left});
     table.addRow({"CVM Results", "", value});
     table.addRow({"receipt CVMResult", std::to_string(result), cvmResultText(cvmResult)});
     table.addRow({"authentication method", std::to_string(methodValue), methodMeaning(method)});
-    return {table.render(), {}};
+    return {table.render(), {}, {}};
 }
 
 }  // namespace

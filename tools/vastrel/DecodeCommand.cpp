@@ -55,7 +55,8 @@ void noteUnexpanded(const std::vector<TLVObject>& elements, std::vector<std::str
                             (last ? std::string("decoder leaves the last element of each level "
                                                 "as it is")
                                   : "decoder expands templates " + std::to_string(kMaxTLVDepth) +
-                                        " levels deep and no deeper"));
+                                        " levels deep and no deeper") +
+                            "; `vastrel explain` expands every template");
         }
     }
 }
@@ -85,7 +86,10 @@ CommandOutput runDecode(const DecodeOptions& options, const InputSource& input) 
 Command addDecodeCommand(CLI::App& app) {
     auto options = std::make_shared<DecodeOptions>();
     auto* parser = app.add_subcommand(
-        "decode", "Decode EMV data into a tree of tags, names, lengths and values");
+        "decode",
+        "Decode EMV data with the library's lenient decoder into a tree of tags, names, "
+        "lengths and values (it leaves the last element of each level unexpanded; `vastrel "
+        "explain` reads strictly and explains every field)");
     parser->add_option("HEX", options->hex, kHexHelp);
     parser->add_flag("--json", options->json, "Print the elements as JSON");
     return {parser,

@@ -70,7 +70,7 @@ CommandOutput listTable(EnumType type, bool json) {
         return {dumpJson(Json{{"enumType", static_cast<std::uint64_t>(type)},
                               {"enumeration", name},
                               {"strings", std::move(strings)}}),
-                {}};
+                {}, {}};
     }
     TextTable table({TextTable::Align::Right, TextTable::Align::Left});
     for (const auto& [key, text] : rows) {
@@ -81,7 +81,7 @@ CommandOutput listTable(EnumType type, bool json) {
     if (EnumStringValues::dictionaryForEnumType(type)->contains(std::string(kSharedKey))) {
         text += "(17+: every value from 17 up shares this string)\n";
     }
-    return {text, {}};
+    return {text, {}, {}};
 }
 
 CommandOutput lookUpValue(EnumType type, const std::string& valueText, bool json) {
@@ -99,13 +99,13 @@ CommandOutput lookUpValue(EnumType type, const std::string& valueText, bool json
                               {"enumeration", name},
                               {"value", number},
                               {"string", *text}}),
-                {}};
+                {}, {}};
     }
     std::string line = name + " " + valueText + ": " + *text + "\n";
     if (DigitStringValues::stringForDigit(value) == kSharedKey) {
         line += "(every value from 17 up shares this string)\n";
     }
-    return {line, {}};
+    return {line, {}, {}};
 }
 
 CommandOutput runEnum(const EnumOptions& options) {

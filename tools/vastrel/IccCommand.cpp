@@ -40,8 +40,8 @@ CommandOutput runIcc(const IccOptions& options) {
         elements.push_back(elementFromPair(pair));
     // The array form keeps the order given; the dictionary form would sort by tag.
     const std::string icc = TLVUtility::fetchIccDataStringFromEmvTagsArray(elements);
-    if (options.json) return {dumpJson(Json{{"icc", icc}}), {}};
-    return {icc + '\n', {}};
+    if (options.json) return {dumpJson(Json{{"icc", icc}}), {}, {}};
+    return {icc + '\n', {}, {}};
 }
 
 }  // namespace

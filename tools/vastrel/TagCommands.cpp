@@ -52,7 +52,7 @@ CommandOutput runTag(const TagOptions& options) {
         const std::string tag = cleanHex(text, "tag '" + text + "'");
         named.emplace_back(tag, Tag::tagName(tag));
     }
-    return {render(named, options.json), {}};
+    return {render(named, options.json), {}, {}};
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ Command addTagsCommand(CLI::App& app) {
     auto* parser = app.add_subcommand("tags", "List the whole EMV tag dictionary");
     parser->add_flag("--json", *json, "Print the dictionary as JSON");
     return {parser, [json](CommandContext&) {
-                return CommandOutput{render(dictionary(), *json), {}};
+                return CommandOutput{render(dictionary(), *json), {}, {}};
             }};
 }
 

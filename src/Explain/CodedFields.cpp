@@ -1,0 +1,254 @@
+// Fields whose values are codes from a list: the CVM list and results, terminal type,
+// cryptogram information, POS entry mode, transaction type, and the issuer application data.
+#include <string_view>
+
+#include "DecoderParts.hpp"
+
+namespace vastrel::explain {
+namespace {
+
+struct Code {
+    std::uint8_t code;
+    std::string_view meaning;
+};
+
+std::string_view lookup(std::span<const Code> codes, std::uint8_t code,
+                        std::string_view otherwise) {
+    for (const auto& entry : codes) {
+        if (entry.code == code) return entry.meaning;
+    }
+    return otherwise;
+}
+
+constexpr std::uint8_t kCvmMethodMask = 0x3F;
+constexpr std::uint8_t kApplyNextRuleBit = 0x40;
+
+constexpr Code kCvmMethods[] = {
+    {0x00, "Fail CVM processing"},
+    {0x01, "Plaintext PIN verification performed by ICC"},
+    {0x02, "Enciphered PIN verified online"},
+    {0x03, "Plaintext PIN verification performed by ICC and signature (paper)"},
+    {0x04, "Enciphered PIN verification performed by ICC"},
+    {0x05, "Enciphered PIN verification performed by ICC and signature (paper)"},
+    {0x1E, "Signature (paper)"},
+    {0x1F, "No CVM required"},
+    {0x3F, "No CVM performed"},
+};
+
+std::string_view cvmMethod(std::uint8_t byte) {
+    const std::uint8_t method = byte & kCvmMethodMask;
+    if (method >= 0x20 && method <= 0x2F) return "Method reserved for the payment system";
+    if (method >= 0x30 && method <= 0x3E) return "Method reserved for the issuer";
+    return lookup(kCvmMethods, method, "Method reserved for future use");
+}
+
+constexpr Code kCvmConditions[] = {
+    {0x00, "Always"},
+    {0x01, "If unattended cash"},
+    {0x02, "If not unattended cash and not manual cash and not purchase with cashback"},
+    {0x03, "If terminal supports the CVM"},
+    {0x04, "If manual cash"},
+    {0x05, "If purchase with cashback"},
+    {0x06, "If transaction is in the application currency and is under X value"},
+    {0x07, "If transaction is in the application currency and is over X value"},
+    {0x08, "If transaction is in the application currency and is under Y value"},
+    {0x09, "If transaction is in the application currency and is over Y value"},
+};
+
+std::string_view cvmCondition(std::uint8_t code) {
+    if (code >= 0x80) return "Condition reserved for the payment system";
+    return lookup(kCvmConditions, code, "Condition reserved for future use");
+}
+
+std::uint32_t bigEndian(Value bytes) {
+    std::uint32_t number = 0;
+    for (const auto byte : bytes)
+        number = number << 8 | byte;
+    return number;
+}
+
+constexpr Code kCvmOutcomes[] = {{0, "Unknown"}, {1, "Failed"}, {2, "Successful"}};
+
+constexpr Code kTerminalOperators[] = {
+    {1, "Financial institution"}, {2, "Merchant"}, {3, "Cardholder"}};
+constexpr Code kTerminalEnvironments[] = {
+    {1, "attended, online only"},
+    {2, "attended, offline with online capability"},
+    {3, "attended, offline only"},
+    {4, "unattended, online only"},
+    {5, "unattended, offline with online capability"},
+    {6, "unattended, offline only"},
+};
+
+constexpr Code kCryptogramTypes[] = {
+    {0, "AAC (transaction declined)"},
+    {1, "TC (transaction approved)"},
+    {2, "ARQC (online authorisation requested)"},
+    {3, "RFU cryptogram type"},
+};
+constexpr Code kAdviceReasons[] = {
+    {1, "Reason: service not allowed"},
+    {2, "Reason: PIN Try Limit exceeded"},
+    {3, "Reason: issuer authentication failed"},
+};
+
+constexpr Code kPosEntryModes[] = {
+    {0x00, "Unknown or unspecified"},
+    {0x01, "Manual key entry"},
+    {0x02, "Magnetic stripe read, track data may be incomplete"},
+    {0x03, "Bar code"},
+    {0x04, "Optical character recognition"},
+    {0x05, "Integrated circuit card (contact chip)"},
+    {0x07, "Contactless chip (EMV mode)"},
+    {0x10, "Credential on file"},
+    {0x79, "Chip could not be read; key entry fallback"},
+    {0x80, "Chip could not be read; magnetic stripe fallback"},
+    {0x81, "Electronic commerce"},
+    {0x90, "Magnetic stripe read, full track data"},
+    {0x91, "Contactless magnetic stripe (mag-stripe mode)"},
+    {0x95, "Integrated circuit card, card verification value may not be checked"},
+};
+
+constexpr Code kTransactionTypes[] = {
+    {0x00, "Goods and services (purchase)"},
+    {0x01, "Cash withdrawal or cash advance"},
+    {0x09, "Purchase with cashback"},
+    {0x11, "Quasi-cash"},
+    {0x20, "Refund or return"},
+    {0x21, "Deposit"},
+    {0x30, "Available funds inquiry"},
+    {0x31, "Balance inquiry"},
+    {0x40, "Cardholder accounts transfer"},
+    {0x50, "Payment"},
+    {0x60, "Load"},
+    {0x70, "PIN change or unblock"},
+};
+
+void cvmRule(Value rule, Findings& out, std::string_view label) {
+    std::string line(label);
+    line += cvmMethod(rule[0]);
+    line += ", ";
+    line += cvmCondition(rule[1]);
+    line += (rule[0] & kApplyNextRuleBit) != 0 ? "; if it fails, apply the next rule"
+                                                : "; if it fails, cardholder verification fails";
+    out.push_back(std::move(line));
+}
+
+std::string byteHex(std::uint8_t byte) { return hex(Value(&byte, 1)); }
+
+// Issuer application data: each layout is told by its length and its format byte.
+void commonCoreDefinitions(Value value, Findings& out) {
+    out.push_back("Layout: EMV Common Core Definitions, format A, cryptogram version " +
+                  std::to_string(value[1] & 0x0F) +
+                  ((value[1] & 0x0F) == 5   ? " (Triple DES)"
+                   : (value[1] & 0x0F) == 6 ? " (AES)"
+                                            : ""));
+    out.push_back("Derivation key index: " + byteHex(value[2]));
+    out.push_back("Card verification results: " + hex(value.subspan(3, 5)));
+    out.push_back("Issuer discretionary data: " + hex(value.subspan(16)));
+}
+
+void visaFormat2(Value value, Findings& out) {
+    out.push_back("Layout: Visa format 2, cryptogram version number " + byteHex(value[1]));
+    out.push_back("Derivation key index: " + byteHex(value[2]));
+    out.push_back("Card verification results: " + hex(value.subspan(3, 5)));
+    out.push_back("Issuer discretionary data: " + hex(value.subspan(8)));
+}
+
+void visaFormat013(Value value, Findings& out) {
+    out.push_back("Layout: Visa format 0, 1 or 3, cryptogram version number " +
+                  byteHex(value[2]) +
+                  (value[2] == 0x0A   ? " (CVN 10)"
+                   : value[2] == 0x11 ? " (CVN 17)"
+                   : value[2] == 0x12 ? " (CVN 18)"
+                                      : ""));
+    out.push_back("Derivation key index: " + byteHex(value[1]));
+    out.push_back("Card verification results: " + hex(value.subspan(3, 4)));
+    if (value.size() > 7) out.push_back("Issuer discretionary data: " + hex(value.subspan(7)));
+}
+
+void mastercardMChip(Value value, Findings& out) {
+    out.push_back("Layout: Mastercard M/Chip, cryptogram version number " + byteHex(value[1]));
+    out.push_back("Derivation key index: " + byteHex(value[0]));
+    out.push_back("Card verification results: " + hex(value.subspan(2, 6)));
+    out.push_back("DAC or ICC dynamic number: " + hex(value.subspan(8, 2)));
+    out.push_back("Counters and issuer data: " + hex(value.subspan(10)));
+}
+
+constexpr std::size_t kCcdLength = 32;
+
+}  // namespace
+
+void cvmList(Value value, Findings& out) {
+    constexpr std::size_t kAmounts = 8;
+    if (value.size() < kAmounts || (value.size() - kAmounts) % 2 != 0) {
+        out.push_back("A CVM list is two 4-byte amounts and 2-byte rules; " +
+                      std::to_string(value.size()) + " bytes do not make one");
+        return;
+    }
+    out.push_back("Amount X: " + std::to_string(bigEndian(value.subspan(0, 4))));
+    out.push_back("Amount Y: " + std::to_string(bigEndian(value.subspan(4, 4))));
+    for (std::size_t i = kAmounts; i < value.size(); i += 2) {
+        cvmRule(value.subspan(i, 2), out,
+                "Rule " + std::to_string((i - kAmounts) / 2 + 1) + ": ");
+    }
+}
+
+void cvmResults(Value value, Findings& out) {
+    if (!requireLength(value, 3, out)) return;
+    out.push_back("Method: " + std::string(cvmMethod(value[0])));
+    out.push_back("Condition: " + std::string(cvmCondition(value[1])));
+    out.push_back("Result: " + std::string(lookup(kCvmOutcomes, value[2], "RFU result code")));
+}
+
+void terminalType(Value value, Findings& out) {
+    if (!requireLength(value, 1, out)) return;
+    const std::string_view who = lookup(kTerminalOperators, value[0] >> 4, "");
+    const std::string_view where = lookup(kTerminalEnvironments, value[0] & 0x0F, "");
+    if (who.empty() || where.empty()) {
+        out.push_back("Terminal type " + hex(value) + " is not defined");
+        return;
+    }
+    out.push_back(std::string(who) + ", " + std::string(where));
+}
+
+void cryptogramInformationData(Value value, Findings& out) {
+    if (!requireLength(value, 1, out)) return;
+    out.emplace_back(lookup(kCryptogramTypes, value[0] >> 6, ""));
+    if ((value[0] & 0x30) != 0) {
+        out.push_back("Payment system-specific cryptogram bits: " +
+                      std::to_string((value[0] >> 4) & 0x03));
+    }
+    if ((value[0] & 0x08) != 0) out.emplace_back("Advice required");
+    const std::uint8_t reason = value[0] & 0x07;
+    if (reason != 0) out.emplace_back(lookup(kAdviceReasons, reason, "Reason: RFU code"));
+}
+
+void posEntryMode(Value value, Findings& out) {
+    if (!requireLength(value, 1, out)) return;
+    out.emplace_back(lookup(kPosEntryModes, value[0], "Entry mode not in the ISO 8583 list"));
+}
+
+void transactionType(Value value, Findings& out) {
+    if (!requireLength(value, 1, out)) return;
+    out.emplace_back(lookup(kTransactionTypes, value[0], "Transaction type not in the list"));
+}
+
+void issuerApplicationData(Value value, PaymentScheme scheme, Findings& out) {
+    const std::size_t size = value.size();
+    if (size == kCcdLength && value[0] == 0x0F && (value[1] >> 4) == 0x0A) {
+        commonCoreDefinitions(value, out);
+    } else if (size == kCcdLength && value[0] == 0x1F) {
+        visaFormat2(value, out);
+    } else if (size >= 7 && value[0] == 0x06) {
+        visaFormat013(value, out);
+    } else if ((scheme == PaymentScheme::Mastercard || scheme == PaymentScheme::Maestro) &&
+               (size == 18 || size == 20 || size == 26 || size == 28)) {
+        mastercardMChip(value, out);
+    } else {
+        out.push_back("Layout not recognised: " + std::to_string(size) + " bytes" +
+                      (size > 0 ? ", first byte " + byteHex(value[0]) : std::string()));
+    }
+}
+
+}  // namespace vastrel::explain

@@ -1,0 +1,70 @@
+#pragma once
+
+// The field decoders behind FieldDecoders::decode, grouped by the kind of field. Each takes
+// the value bytes (any length) and appends its findings.
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "vastrel/Explain/FieldDecoders.hpp"
+
+namespace vastrel::explain {
+
+using Value = std::span<const std::uint8_t>;
+
+// The names of the bits of one byte, bit 8 first; an empty name is an RFU bit.
+using ByteBits = std::array<std::string_view, 8>;
+
+// True when value has `expected` bytes; otherwise adds a finding saying so.
+bool requireLength(Value value, std::size_t expected, Findings& out);
+
+// Two hex digits per byte, upper case.
+std::string hex(Value value);
+
+// The BCD digits of value, or nullopt-like empty when a nibble is not a digit.
+std::string bcdDigits(Value value);
+
+// Bit maps (BitFields.cpp)
+void terminalVerificationResults(Value value, Findings& out);
+void transactionStatusInformation(Value value, Findings& out);
+void applicationInterchangeProfile(Value value, Findings& out);
+void applicationUsageControl(Value value, Findings& out);
+void terminalCapabilities(Value value, Findings& out);
+void additionalTerminalCapabilities(Value value, Findings& out);
+void terminalTransactionQualifiers(Value value, Findings& out);
+void cardTransactionQualifiers(Value value, Findings& out);
+
+// Coded fields (CodedFields.cpp)
+void cvmList(Value value, Findings& out);
+void cvmResults(Value value, Findings& out);
+void terminalType(Value value, Findings& out);
+void cryptogramInformationData(Value value, Findings& out);
+void posEntryMode(Value value, Findings& out);
+void transactionType(Value value, Findings& out);
+void issuerApplicationData(Value value, PaymentScheme scheme, Findings& out);
+
+// Values in standard formats (ValueFormats.cpp)
+void date(Value value, Findings& out);
+void time(Value value, Findings& out);
+void numericAmount(Value value, const DecodeContext& context, Findings& out);
+void binaryAmount(Value value, const DecodeContext& context, Findings& out);
+void currencyCode(Value value, Findings& out);
+void countryCode(Value value, Findings& out);
+void languages(Value value, Findings& out);
+void text(Value value, Findings& out);
+void applicationId(Value value, Findings& out);
+void cardNumber(Value value, const DecodeContext& context, Findings& out);
+void track2(Value value, const DecodeContext& context, Findings& out);
+void serviceCode(Value value, Findings& out);
+
+// The card number with its first six and last four digits shown, '*' between; unchanged
+// when it has ten digits or fewer, or when shown in full.
+std::string maskedPan(std::string_view digits, bool showSensitive);
+
+// The meaning of each of the three service code digits.
+void serviceCodeDigits(std::string_view code, Findings& out);
+
+}  // namespace vastrel::explain

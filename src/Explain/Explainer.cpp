@@ -1,0 +1,171 @@
+#include "vastrel/Explain/Explainer.hpp"
+
+#include <algorithm>
+
+#include "CardDataMask.hpp"
+#include "Codec/HexEncode.hpp"
+#include "vastrel/Explain/ApplicationIdentifier.hpp"
+#include "vastrel/Explain/CardRanges.hpp"
+#include "vastrel/Explain/EmvDictionary.hpp"
+#include "vastrel/Explain/StatusWord.hpp"
+
+namespace vastrel {
+namespace {
+
+constexpr std::uint32_t kAidTags[] = {0x4F, 0x84, 0x9F06};
+constexpr std::uint32_t kPanTag = 0x5A;
+constexpr std::uint32_t kTrack2Tag = 0x57;
+constexpr std::uint32_t kCurrencyTag = 0x5F2A;
+constexpr std::uint32_t kCurrencyExponentTag = 0x5F36;
+constexpr std::string_view kUnknownName = "Unknown";
+
+std::size_t offsetIn(std::span<const std::uint8_t> data, std::span<const std::uint8_t> part) {
+    return static_cast<std::size_t>(part.data() - data.data());
+}
+
+const BerNode* firstWithTag(const std::vector<BerNode>& nodes, std::uint32_t tag) {
+    const auto found = std::find_if(nodes.begin(), nodes.end(), [tag](const BerNode& node) {
+        return !node.constructed && node.tagNumber() == tag;
+    });
+    return found == nodes.end() ? nullptr : &*found;
+}
+
+std::optional<int> bcdNumber(std::span<const std::uint8_t> value) {
+    int number = 0;
+    for (const auto byte : value) {
+        if ((byte >> 4) > 9 || (byte & 0x0F) > 9) return std::nullopt;
+        number = number * 100 + (byte >> 4) * 10 + (byte & 0x0F);
+    }
+    return value.empty() ? std::nullopt : std::optional<int>(number);
+}
+
+// What the decoders need from the rest of the data: the AID's scheme and the currency.
+DecodeContext contextOf(const std::vector<BerNode>& nodes, bool showSensitive) {
+    DecodeContext context;
+    context.showSensitive = showSensitive;
+    for (const auto tag : kAidTags) {
+        const BerNode* aid = firstWithTag(nodes, tag);
+        if (aid == nullptr) continue;
+        context.scheme = ApplicationIdentifier::identify(aid->value).scheme;
+        if (context.scheme != PaymentScheme::Any) break;
+    }
+    if (const BerNode* currency = firstWithTag(nodes, kCurrencyTag)) {
+        if (const auto code = bcdNumber(currency->value); code && *code < 1000) {
+            context.currency = static_cast<std::uint16_t>(*code);
+        }
+    }
+    if (const BerNode* exponent = firstWithTag(nodes, kCurrencyExponentTag)) {
+        if (const auto digits = bcdNumber(exponent->value); digits && *digits <= 9) {
+            context.currencyExponent = *digits;
+        }
+    }
+    return context;
+}
+
+bool sameNetwork(PaymentScheme a, PaymentScheme b) {
+    auto family = [](PaymentScheme scheme) {
+        if (scheme == PaymentScheme::Maestro) return PaymentScheme::Mastercard;
+        if (scheme == PaymentScheme::Diners) return PaymentScheme::Discover;  // D-PAS
+        return scheme;
+    };
+    return family(a) == family(b);
+}
+
+// The card number's issuer range against the AID's scheme, as a finding for the PAN.
+std::string rangeCheck(std::string_view pan, PaymentScheme aidScheme) {
+    const std::string aidName(schemeName(aidScheme));
+    if (!CardRanges::hasOwnRanges(aidScheme)) {
+        return "Range check: " + aidName + " cards carry their issuer's own BIN; not checked";
+    }
+    const auto schemes = CardRanges::schemesOf(pan);
+    if (schemes.empty()) return "Range check: the card number is in no scheme's range";
+    std::string names;
+    bool matches = false;
+    for (const auto scheme : schemes) {
+        names += (names.empty() ? "" : " or ") + std::string(schemeName(scheme));
+        matches = matches || sameNetwork(scheme, aidScheme);
+    }
+    return matches ? "Range check: " + names + " range, as the AID says"
+                   : "Range check: " + names + " range, but the AID is " + aidName + "'s";
+}
+
+// The card number's digits (from 5A, else from track 2), unmasked.
+std::string panDigits(const std::vector<BerNode>& nodes) {
+    if (const BerNode* pan = firstWithTag(nodes, kPanTag)) {
+        std::string digits = codec::hexUpper(pan->value);
+        digits.erase(std::find(digits.begin(), digits.end(), 'F'), digits.end());
+        return digits;
+    }
+    if (const BerNode* track2 = firstWithTag(nodes, kTrack2Tag)) {
+        std::string digits = codec::hexUpper(track2->value);
+        digits.erase(std::find(digits.begin(), digits.end(), 'D'), digits.end());
+        return digits;
+    }
+    return {};
+}
+
+void addRangeCheck(Explanation& explanation, const std::vector<BerNode>& nodes,
+                   PaymentScheme scheme) {
+    const std::string pan = panDigits(nodes);
+    if (pan.empty() || scheme == PaymentScheme::Any) return;
+    const BerNode* holder = firstWithTag(nodes, kPanTag);
+    if (holder == nullptr) holder = firstWithTag(nodes, kTrack2Tag);
+    explanation.elements[static_cast<std::size_t>(holder - nodes.data())].meaning.push_back(
+        rangeCheck(pan, scheme));
+}
+
+// The whole input as hex, with card data masked where it lies, so that every element,
+// templates included, takes its shown value from one place.
+std::string maskedHex(std::span<const std::uint8_t> data, const std::vector<BerNode>& nodes,
+                      PaymentScheme scheme, bool showSensitive) {
+    std::string hex = codec::hexUpper(data);
+    if (showSensitive) return hex;
+    for (const auto& node : nodes) {
+        if (node.constructed) continue;
+        const std::span<char> digits(hex.data() + 2 * offsetIn(data, node.value),
+                                     2 * node.value.size());
+        explain::maskCardData(node.tagNumber(), scheme, digits);
+    }
+    return hex;
+}
+
+}  // namespace
+
+Explanation Explainer::explain(std::span<const std::uint8_t> data, const ExplainOptions& options) {
+    Explanation explanation;
+    BerReadResult read;
+    const std::size_t size = data.size();
+    if (size >= 2 && StatusWord::isStatusWord(data[size - 2], data[size - 1])) {
+        BerReader::read(data.first(size - 2), read, options.maxDepth);
+        if (read.ok()) {
+            explanation.status = ExplainedStatus{codec::hexUpper(data.last(2)),
+                                                 StatusWord::meaning(data[size - 2], data[size - 1])};
+        }
+    }
+    if (!explanation.status) BerReader::read(data, read, options.maxDepth);
+    explanation.error = read.error;
+
+    const DecodeContext context = contextOf(read.nodes, options.showSensitive);
+    const std::string shown = maskedHex(data, read.nodes, context.scheme, options.showSensitive);
+    explanation.elements.reserve(read.nodes.size());
+    for (const auto& node : read.nodes) {
+        ExplainedElement& element = explanation.elements.emplace_back();
+        const std::uint32_t tag = node.tagNumber();
+        element.tag = codec::hexUpper(node.tag);
+        const TagInfo* info = EmvDictionary::find(tag, context.scheme);
+        element.name = info != nullptr ? info->name : kUnknownName;
+        element.length = node.value.size();
+        element.value = shown.substr(2 * offsetIn(data, node.value), 2 * node.value.size());
+        element.depth = node.depth;
+        element.subtreeEnd = node.subtreeEnd;
+        element.constructed = node.constructed;
+        if (!node.constructed && FieldDecoders::has(tag, context.scheme)) {
+            element.meaning = FieldDecoders::decode(tag, node.value, context);
+            element.decoded = true;
+        }
+    }
+    addRangeCheck(explanation, read.nodes, context.scheme);
+    return explanation;
+}
+
+}  // namespace vastrel

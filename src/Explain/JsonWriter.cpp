@@ -1,0 +1,80 @@
+#include "JsonWriter.hpp"
+
+namespace vastrel::explain {
+
+void JsonWriter::newline() {
+    out_ += '\n';
+    out_.append(2 * hasItems_.size(), ' ');
+}
+
+void JsonWriter::beforeValue() {
+    if (afterKey_) {
+        afterKey_ = false;
+        return;
+    }
+    if (hasItems_.empty()) return;
+    if (hasItems_.back()) out_ += ',';
+    hasItems_.back() = true;
+    newline();
+}
+
+void JsonWriter::open(char bracket) {
+    beforeValue();
+    out_ += bracket;
+    hasItems_.push_back(false);
+}
+
+void JsonWriter::close(char bracket) {
+    const bool hadItems = hasItems_.back();
+    hasItems_.pop_back();
+    if (hadItems) newline();
+    out_ += bracket;
+}
+
+void JsonWriter::key(std::string_view name) {
+    beforeValue();
+    quoted(name);
+    out_ += ": ";
+    afterKey_ = true;
+}
+
+void JsonWriter::string(std::string_view text) {
+    beforeValue();
+    quoted(text);
+}
+
+void JsonWriter::quoted(std::string_view text) {
+    static constexpr char kDigits[] = "0123456789abcdef";
+    out_ += '"';
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            out_ += '\\';
+            out_ += c;
+        } else if (byte < 0x20) {
+            out_ += "\\u00";
+            out_ += kDigits[byte >> 4];
+            out_ += kDigits[byte & 0x0F];
+        } else {
+            out_ += c;
+        }
+    }
+    out_ += '"';
+}
+
+void JsonWriter::number(std::size_t value) {
+    beforeValue();
+    out_ += std::to_string(value);
+}
+
+void JsonWriter::null() {
+    beforeValue();
+    out_ += "null";
+}
+
+std::string JsonWriter::finish() {
+    out_ += '\n';
+    return std::move(out_);
+}
+
+}  // namespace vastrel::explain

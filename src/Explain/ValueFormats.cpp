@@ -1,0 +1,268 @@
+// Values in standard formats: dates and times, amounts, ISO codes, text, AIDs and card data.
+#include <string_view>
+
+#include "DecoderParts.hpp"
+#include "vastrel/Explain/ApplicationIdentifier.hpp"
+#include "vastrel/Explain/CardRanges.hpp"
+#include "vastrel/Explain/IsoCodes.hpp"
+
+namespace vastrel::explain {
+namespace {
+
+constexpr char kHexDigits[] = "0123456789ABCDEF";
+constexpr std::size_t kShownLeading = 6;
+constexpr std::size_t kShownTrailing = 4;
+
+// The BCD value of the three-digit code in two bytes (0840 is 840), or -1.
+int threeDigitCode(Value value, Findings& out) {
+    if (!requireLength(value, 2, out)) return -1;
+    const std::string digits = bcdDigits(value);
+    if (digits.empty() || digits[0] != '0') {
+        out.push_back(hex(value) + " is not a three-digit code");
+        return -1;
+    }
+    return std::stoi(digits);
+}
+
+std::string twoDigits(std::string_view digits, std::size_t at) {
+    return std::string(digits.substr(at, 2));
+}
+
+bool between(std::string_view twoDigits, int low, int high) {
+    const int number = (twoDigits[0] - '0') * 10 + (twoDigits[1] - '0');
+    return number >= low && number <= high;
+}
+
+// Amount in minor units, written with the currency's exponent: 1234 with 2 is "12.34".
+std::string withExponent(std::string digits, int exponent) {
+    while (digits.size() > 1 && digits[0] == '0')
+        digits.erase(0, 1);
+    if (exponent <= 0) return digits;
+    const auto places = static_cast<std::size_t>(exponent);
+    if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
+    digits.insert(digits.size() - places, ".");
+    return digits;
+}
+
+void amount(std::string digits, const DecodeContext& context, Findings& out) {
+    int exponent = 2;
+    std::string currency = " (currency not given)";
+    if (context.currency) {
+        exponent = IsoCodes::minorUnits(*context.currency);
+        const auto known = IsoCodes::currency(*context.currency);
+        currency = known ? " " + std::string(known->alpha3) : " (currency " + std::to_string(*context.currency) + ")";
+    }
+    if (context.currencyExponent) exponent = *context.currencyExponent;
+    out.push_back(withExponent(std::move(digits), exponent) + currency);
+}
+
+bool printable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
+
+}  // namespace
+
+bool requireLength(Value value, std::size_t expected, Findings& out) {
+    if (value.size() == expected) return true;
+    out.push_back("Expected " + std::to_string(expected) + (expected == 1 ? " byte" : " bytes") +
+                  ", found " + std::to_string(value.size()));
+    return false;
+}
+
+std::string hex(Value value) {
+    std::string text;
+    text.reserve(value.size() * 2);
+    for (const auto byte : value) {
+        text.push_back(kHexDigits[byte >> 4]);
+        text.push_back(kHexDigits[byte & 0x0F]);
+    }
+    return text;
+}
+
+std::string bcdDigits(Value value) {
+    std::string digits = hex(value);
+    for (const char c : digits) {
+        if (c > '9') return {};
+    }
+    return digits;
+}
+
+std::string maskedPan(std::string_view digits, bool showSensitive) {
+    std::string pan(digits);
+    if (showSensitive || pan.size() <= kShownLeading + kShownTrailing) return pan;
+    std::fill(pan.begin() + kShownLeading, pan.end() - kShownTrailing, '*');
+    return pan;
+}
+
+void date(Value value, Findings& out) {
+    if (!requireLength(value, 3, out)) return;
+    const std::string digits = bcdDigits(value);
+    if (digits.empty() || !between(twoDigits(digits, 2), 1, 12) ||
+        !between(twoDigits(digits, 4), 1, 31)) {
+        out.push_back(hex(value) + " is not a date (YYMMDD)");
+        return;
+    }
+    // EMV years: 00 to 49 are 2000 to 2049, 50 to 99 are 1950 to 1999.
+    const std::string century = between(twoDigits(digits, 0), 50, 99) ? "19" : "20";
+    out.push_back(century + digits.substr(0, 2) + "-" + digits.substr(2, 2) + "-" +
+                  digits.substr(4, 2));
+}
+
+void time(Value value, Findings& out) {
+    if (!requireLength(value, 3, out)) return;
+    const std::string digits = bcdDigits(value);
+    if (digits.empty() || !between(twoDigits(digits, 0), 0, 23) ||
+        !between(twoDigits(digits, 2), 0, 59) || !between(twoDigits(digits, 4), 0, 59)) {
+        out.push_back(hex(value) + " is not a time (HHMMSS)");
+        return;
+    }
+    out.push_back(digits.substr(0, 2) + ":" + digits.substr(2, 2) + ":" + digits.substr(4, 2));
+}
+
+void numericAmount(Value value, const DecodeContext& context, Findings& out) {
+    if (!requireLength(value, 6, out)) return;
+    std::string digits = bcdDigits(value);
+    if (digits.empty()) {
+        out.push_back(hex(value) + " is not a numeric amount");
+        return;
+    }
+    amount(std::move(digits), context, out);
+}
+
+void binaryAmount(Value value, const DecodeContext& context, Findings& out) {
+    if (!requireLength(value, 4, out)) return;
+    std::uint64_t minorUnits = 0;
+    for (const auto byte : value)
+        minorUnits = minorUnits << 8 | byte;
+    amount(std::to_string(minorUnits), context, out);
+}
+
+void currencyCode(Value value, Findings& out) {
+    const int code = threeDigitCode(value, out);
+    if (code < 0) return;
+    const auto currency = IsoCodes::currency(static_cast<std::uint16_t>(code));
+    out.push_back(currency ? std::string(currency->alpha3) + ", " + std::string(currency->name)
+                           : "Currency " + std::to_string(code) + " is not in ISO 4217");
+}
+
+void countryCode(Value value, Findings& out) {
+    const int code = threeDigitCode(value, out);
+    if (code < 0) return;
+    const auto country = IsoCodes::country(static_cast<std::uint16_t>(code));
+    out.push_back(country ? std::string(country->alpha2) + ", " + std::string(country->name)
+                          : "Country " + std::to_string(code) + " is not in ISO 3166-1");
+}
+
+void languages(Value value, Findings& out) {
+    if (value.size() % 2 != 0 || value.empty()) {
+        out.push_back("Languages come as pairs of letters; " + std::to_string(value.size()) +
+                      " bytes do not make them");
+        return;
+    }
+    for (std::size_t i = 0; i < value.size(); i += 2) {
+        std::string code;
+        for (const auto byte : value.subspan(i, 2)) {
+            code.push_back(byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a')
+                           : printable(byte)          ? static_cast<char>(byte)
+                                                      : '?');
+        }
+        const auto language = IsoCodes::language(code);
+        out.push_back(code + ": " +
+                      (language ? std::string(language->name) : "not an ISO 639-1 language"));
+    }
+}
+
+void text(Value value, Findings& out) {
+    std::string shown = "\"";
+    for (const auto byte : value)
+        shown.push_back(printable(byte) ? static_cast<char>(byte) : '.');
+    out.push_back(shown + "\"");
+}
+
+void applicationId(Value value, Findings& out) {
+    if (value.size() < ApplicationIdentifier::kRidLength) {
+        out.push_back("An AID has at least 5 bytes, found " + std::to_string(value.size()));
+        return;
+    }
+    const AidInfo info = ApplicationIdentifier::identify(value);
+    const std::string rid = "RID " + hex(value.first(ApplicationIdentifier::kRidLength));
+    if (info.scheme == PaymentScheme::Any) {
+        out.push_back(rid + ": not a registered provider we know");
+        return;
+    }
+    out.push_back(rid + ": " + std::string(schemeName(info.scheme)));
+    if (!info.product.empty()) out.push_back("Product: " + std::string(info.product));
+}
+
+void cardNumber(Value value, const DecodeContext& context, Findings& out) {
+    std::string digits = hex(value);
+    while (!digits.empty() && digits.back() == 'F')
+        digits.pop_back();
+    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) {
+        out.emplace_back("Not a card number (cn digits padded with F)");
+        return;
+    }
+    out.push_back("Card number " + maskedPan(digits, context.showSensitive));
+}
+
+void track2(Value value, const DecodeContext& context, Findings& out) {
+    std::string nibbles = hex(value);
+    while (!nibbles.empty() && nibbles.back() == 'F')
+        nibbles.pop_back();
+    const std::size_t separator = nibbles.find('D');
+    const bool digitsOnly = nibbles.find_first_not_of("0123456789D") == std::string::npos;
+    if (separator == std::string::npos || !digitsOnly || nibbles.size() < separator + 8) {
+        out.emplace_back("Not track 2 data (PAN, D, YYMM, service code, discretionary data)");
+        return;
+    }
+    out.push_back("Card number " + maskedPan(nibbles.substr(0, separator), context.showSensitive));
+    const std::string expiry = nibbles.substr(separator + 1, 4);
+    out.push_back("Expires 20" + expiry.substr(0, 2) + "-" + expiry.substr(2, 2));
+    const std::string code = nibbles.substr(separator + 5, 3);
+    out.push_back("Service code " + code);
+    serviceCodeDigits(code, out);
+    const std::size_t discretionary = nibbles.size() - separator - 8;
+    out.push_back("Discretionary data: " + std::to_string(discretionary) + " digits" +
+                  (context.showSensitive ? ", " + nibbles.substr(separator + 8) : " (masked)"));
+}
+
+void serviceCode(Value value, Findings& out) {
+    if (!requireLength(value, 2, out)) return;
+    const std::string digits = bcdDigits(value);
+    if (digits.empty() || digits[0] != '0') {
+        out.push_back(hex(value) + " is not a three-digit service code");
+        return;
+    }
+    serviceCodeDigits(digits.substr(1), out);
+}
+
+void serviceCodeDigits(std::string_view code, Findings& out) {
+    constexpr std::string_view kInterchange[] = {
+        "", "International interchange OK",
+        "International interchange, use IC (chip) where feasible", "", "",
+        "National interchange only except under bilateral agreement",
+        "National interchange only, use IC (chip) where feasible",
+        "No interchange except under bilateral agreement (closed loop)", "", "Test card"};
+    constexpr std::string_view kAuthorisation[] = {
+        "Normal authorisation", "", "Contact issuer via online means", "",
+        "Contact issuer via online means except under bilateral agreement",
+        "", "", "", "", ""};
+    constexpr std::string_view kServices[] = {"No restrictions, PIN required",
+                                              "No restrictions",
+                                              "Goods and services only (no cash)",
+                                              "ATM only, PIN required",
+                                              "Cash only",
+                                              "Goods and services only (no cash), PIN required",
+                                              "No restrictions, use PIN where feasible",
+                                              "Goods and services only (no cash), use PIN where feasible",
+                                              "",
+                                              ""};
+    const std::string_view* tables[] = {kInterchange, kAuthorisation, kServices};
+    for (std::size_t i = 0; i < 3 && i < code.size(); ++i) {
+        const bool digit = code[i] >= '0' && code[i] <= '9';
+        const std::string_view meaning = digit ? tables[i][code[i] - '0'] : std::string_view();
+        out.push_back(meaning.empty() ? "Service code digit " + std::to_string(i + 1) + " value " +
+                                            code[i] + " is reserved"
+                                      : std::string(meaning));
+    }
+}
+
+}  // namespace vastrel::explain
