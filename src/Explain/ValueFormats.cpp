@@ -182,14 +182,15 @@ void applicationId(Value value, Findings& out) {
         out.push_back("An AID has at least 5 bytes, found " + std::to_string(value.size()));
         return;
     }
-    const AidInfo info = ApplicationIdentifier::identify(value);
-    const std::string rid = "RID " + hex(value.first(ApplicationIdentifier::kRidLength));
-    if (info.scheme == PaymentScheme::Any) {
-        out.push_back(rid + ": not a registered provider we know");
+    const Value rid = value.first(ApplicationIdentifier::kRidLength);
+    const PaymentScheme provider = ApplicationIdentifier::identify(rid).scheme;
+    if (provider == PaymentScheme::Any) {
+        out.push_back("RID " + hex(rid) + ": not a registered provider we know");
         return;
     }
-    out.push_back(rid + ": " + std::string(schemeName(info.scheme)));
-    if (!info.product.empty()) out.push_back("Product: " + std::string(info.product));
+    out.push_back("RID " + hex(rid) + ": " + std::string(schemeName(provider)));
+    const std::string_view product = ApplicationIdentifier::identify(value).product;
+    if (!product.empty()) out.push_back("Product: " + std::string(product));
 }
 
 void cardNumber(Value value, const DecodeContext& context, Findings& out) {
