@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build pkg-config
     libgtest-dev libgmock-dev libbenchmark-dev
-    libintelrdfpmath-dev nlohmann-json3-dev libcli11-dev
+    libintelrdfpmath-dev nlohmann-json3-dev libcli11-dev iso-codes
 )
 # Extra groups for the heavier checks: scripts ask for them by name.
 foreign_architectures=()

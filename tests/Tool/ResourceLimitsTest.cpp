@@ -61,22 +61,30 @@ TEST(ResourceLimitsTest, MegabyteOfNestingIsAnsweredOnASmallStack) {
     // Shown in full, every level prints its subtree as hex: 64 MiB of output, so only the
     // stack is held to the budget.
     const ProcessLimits stackOnly{1 << 20, 0, 60};
+    // A megabyte of small elements, for the strict reader.
+    std::string flat;
+    while (flat.size() < (2u << 20))
+        flat += "9F2701805A0847617390010100109F34034203009F0206000000001234";
     struct Case {
         std::vector<std::string> args;
         const std::string& input;
         const ProcessLimits& limits;
+        int status;
     };
     const Case cases[] = {
-        {{"decode"}, nested, budget},
-        {{"decode", "--json"}, nested, budget},
-        {{"split"}, nested, budget},
-        {{"receipt", "--json", "-"}, transaction, budget},
-        {{"decode", "--json", "--show-sensitive"}, nested, stackOnly},
+        {{"decode"}, nested, budget, 0},
+        {{"decode", "--json"}, nested, budget, 0},
+        {{"split"}, nested, budget, 0},
+        {{"receipt", "--json", "-"}, transaction, budget, 0},
+        {{"decode", "--json", "--show-sensitive"}, nested, stackOnly, 0},
+        {{"explain"}, nested, budget, 1},  // deeper than the strict reader's 32 levels
+        {{"explain", "--json"}, flat, budget, 0},
+        {{"explain"}, flat, budget, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.args.front() + (c.args.size() > 1 ? " " + c.args[1] : ""));
         const RunResult result = runToolProcess(c.args, c.input, c.limits);
-        EXPECT_EQ(result.status, 0) << result.err.substr(0, 400);
+        EXPECT_EQ(result.status, c.status) << result.err.substr(0, 400);
     }
 }
 
