@@ -10,6 +10,7 @@ void registerCodecBenchmarks();
 void registerLookupBenchmarks();
 void registerReceiptBenchmarks();
 void registerCApiBenchmarks();
+void registerExplainBenchmarks();
 
 // Turns the library's log on or off for one benchmark run and back on afterwards. main
 // installs a handler that drops every line, so "on" measures building the lines.

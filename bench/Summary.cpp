@@ -22,7 +22,7 @@ struct Target {
 
 // What each figure is divided by and what it has to reach. Figures missing here are
 // divided by the flat floor and have no target.
-constexpr std::array<Target, 20> kTargets = {{
+constexpr std::array<Target, 25> kTargets = {{
     {kFlatFloor, Floor::Flat, Limit::None, 0},
     {kNestedFloor, Floor::Nested, Limit::None, 0},
     {kFlatSimdFloor, Floor::Flat, Limit::None, 0},
@@ -43,6 +43,11 @@ constexpr std::array<Target, 20> kTargets = {{
     {"valueForAnEnumType", Floor::Flat, Limit::None, 0},
     {"buildEmvReceiptWith/flat", Floor::Flat, Limit::MaxNanoseconds, 3000.0},
     {"capi/decode/flat/log_off", Floor::Flat, Limit::None, 0},
+    {"strict/read/flat", Floor::Flat, Limit::MaxRatio, 1.5},
+    {"strict/read/nested", Floor::Nested, Limit::MaxRatio, 1.5},
+    {"explain/flat", Floor::Flat, Limit::MaxNanoseconds, 10000.0},
+    {"explain/flat/json", Floor::Flat, Limit::None, 0},
+    {"dictionary/find", Floor::Flat, Limit::MaxNanoseconds, 10.0},
 }};
 
 const Target* targetFor(std::string_view name) {

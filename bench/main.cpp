@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
     vastrel::bench::registerLookupBenchmarks();
     vastrel::bench::registerReceiptBenchmarks();
     vastrel::bench::registerCApiBenchmarks();
+    vastrel::bench::registerExplainBenchmarks();
 
     vastrel::bench::SummaryReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -1,5 +1,9 @@
 #include "vastrel/Explain/FieldDecoders.hpp"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 #include "DecoderParts.hpp"
 
 namespace vastrel {
@@ -19,14 +23,14 @@ void iad(Value value, const DecodeContext& context, Findings& out) {
 }
 
 struct Entry {
-    std::uint32_t tag;
-    Decoder decoder;
+    std::uint32_t tag = 0;
+    Decoder decoder = nullptr;
     PaymentScheme scheme = PaymentScheme::Any;  // Any: whatever the scheme
 };
 
 constexpr auto mc = PaymentScheme::Mastercard;
 
-constexpr Entry kDecoders[] = {
+constexpr Entry kUnsorted[] = {
     {0x4F, plain<explain::applicationId>},
     {0x50, plain<explain::text>},
     {0x57, explain::track2},
@@ -80,15 +84,28 @@ constexpr Entry kDecoders[] = {
     {0xDF8126, explain::numericAmount},
 };
 
+constexpr bool byTag(const Entry& a, const Entry& b) { return a.tag < b.tag; }
+
+constexpr auto kDecoders = [] {
+    std::array<Entry, std::size(kUnsorted)> sorted{};
+    std::copy(std::begin(kUnsorted), std::end(kUnsorted), sorted.begin());
+    std::sort(sorted.begin(), sorted.end(), [](const Entry& a, const Entry& b) {
+        return a.tag != b.tag ? a.tag < b.tag : a.scheme < b.scheme;
+    });
+    return sorted;
+}();
+
 // The decoder for the scheme's own meaning of tag, else the shared one; a null decoder says
 // that the scheme's meaning has none.
 Decoder findDecoder(std::uint32_t tag, PaymentScheme scheme) {
     if (scheme == PaymentScheme::Maestro) scheme = mc;  // the same kernel
+    const Entry wanted{tag, nullptr};
+    const auto [first, last] =
+        std::equal_range(kDecoders.begin(), kDecoders.end(), wanted, byTag);
     const Entry* shared = nullptr;
-    for (const auto& entry : kDecoders) {
-        if (entry.tag != tag) continue;
-        if (entry.scheme == scheme) return entry.decoder;
-        if (entry.scheme == PaymentScheme::Any) shared = &entry;
+    for (const Entry* entry = first; entry != last; ++entry) {
+        if (entry->scheme == scheme) return entry->decoder;
+        if (entry->scheme == PaymentScheme::Any) shared = entry;
     }
     return shared != nullptr ? shared->decoder : nullptr;
 }

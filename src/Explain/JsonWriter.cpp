@@ -46,19 +46,22 @@ void JsonWriter::string(std::string_view text) {
 void JsonWriter::quoted(std::string_view text) {
     static constexpr char kDigits[] = "0123456789abcdef";
     out_ += '"';
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            out_ += '\\';
-            out_ += c;
-        } else if (byte < 0x20) {
-            out_ += "\\u00";
+    std::size_t plainFrom = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte >= 0x20 && byte != '"' && byte != '\\') continue;
+        out_.append(text, plainFrom, i - plainFrom);
+        plainFrom = i + 1;
+        out_ += '\\';
+        if (byte >= 0x20) {
+            out_ += static_cast<char>(byte);
+        } else {
+            out_ += "u00";
             out_ += kDigits[byte >> 4];
             out_ += kDigits[byte & 0x0F];
-        } else {
-            out_ += c;
         }
     }
+    out_.append(text, plainFrom);
     out_ += '"';
 }
 

@@ -34,17 +34,25 @@ bool between(std::string_view twoDigits, int low, int high) {
 }
 
 // Amount in minor units, written with the currency's exponent: 1234 with 2 is "12.34".
-std::string withExponent(std::string digits, int exponent) {
-    while (digits.size() > 1 && digits[0] == '0')
-        digits.erase(0, 1);
-    if (exponent <= 0) return digits;
+std::string withExponent(std::string_view digits, int exponent) {
+    const std::size_t first = std::min(digits.find_first_not_of('0'), digits.size() - 1);
+    const std::string_view whole = digits.substr(first);
+    if (exponent <= 0) return std::string(whole);
     const auto places = static_cast<std::size_t>(exponent);
-    if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
-    digits.insert(digits.size() - places, ".");
-    return digits;
+    std::string text;
+    if (whole.size() <= places) {
+        text = "0.";
+        text.append(places - whole.size(), '0');
+        text += whole;
+        return text;
+    }
+    text = whole.substr(0, whole.size() - places);
+    text += '.';
+    text += whole.substr(whole.size() - places);
+    return text;
 }
 
-void amount(std::string digits, const DecodeContext& context, Findings& out) {
+void amount(const std::string& digits, const DecodeContext& context, Findings& out) {
     int exponent = 2;
     std::string currency = " (currency not given)";
     if (context.currency) {
@@ -53,7 +61,7 @@ void amount(std::string digits, const DecodeContext& context, Findings& out) {
         currency = known ? " " + std::string(known->alpha3) : " (currency " + std::to_string(*context.currency) + ")";
     }
     if (context.currencyExponent) exponent = *context.currencyExponent;
-    out.push_back(withExponent(std::move(digits), exponent) + currency);
+    out.push_back(withExponent(digits, exponent) + currency);
 }
 
 bool printable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
@@ -119,12 +127,12 @@ void time(Value value, Findings& out) {
 
 void numericAmount(Value value, const DecodeContext& context, Findings& out) {
     if (!requireLength(value, 6, out)) return;
-    std::string digits = bcdDigits(value);
+    const std::string digits = bcdDigits(value);
     if (digits.empty()) {
         out.push_back(hex(value) + " is not a numeric amount");
         return;
     }
-    amount(std::move(digits), context, out);
+    amount(digits, context, out);
 }
 
 void binaryAmount(Value value, const DecodeContext& context, Findings& out) {
