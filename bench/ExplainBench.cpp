@@ -17,7 +17,8 @@
 namespace vastrel::bench {
 namespace {
 
-std::span<const std::uint8_t> hexToScratch(const std::string& hex, std::vector<std::uint8_t>& scratch) {
+std::span<const std::uint8_t> hexToScratch(const std::string& hex,
+                                           std::vector<std::uint8_t>& scratch) {
     scratch.resize(hex.size() / 2);
     codec::decodeHexDigitPairs(reinterpret_cast<const unsigned char*>(hex.data()), scratch.size(),
                                scratch.data());

@@ -16,8 +16,8 @@ namespace {
 std::size_t headerSize(const BerNode& node) { return node.tag.size() + node.lengthFieldSize; }
 
 // Appends node i and its subtree; returns the index after the subtree.
-std::size_t reencode(const std::vector<BerNode>& nodes, std::size_t i, std::span<const std::uint8_t> input,
-                     std::vector<std::uint8_t>& out) {
+std::size_t reencode(const std::vector<BerNode>& nodes, std::size_t i,
+                     std::span<const std::uint8_t> input, std::vector<std::uint8_t>& out) {
     const BerNode& node = nodes[i];
     const auto* header = input.data() + node.offset;
     out.insert(out.end(), header, header + headerSize(node));
@@ -73,7 +73,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             for (; at < node.offset; ++at)
                 FUZZ_CHECK(input[at] == 0x00);
             const std::size_t end = node.offset + headerSize(node) + node.value.size();
-            withoutPadding.insert(withoutPadding.end(), input.begin() + static_cast<std::ptrdiff_t>(at),
+            withoutPadding.insert(withoutPadding.end(),
+                                  input.begin() + static_cast<std::ptrdiff_t>(at),
                                   input.begin() + static_cast<std::ptrdiff_t>(end));
             at = end;
         }

@@ -16,6 +16,9 @@ echo
 echo "==> vastrel receipt          (the bundled example chip sale, examples/chip-pin-sale.json)"
 "$tool" receipt
 echo
+echo "==> vastrel explain < examples/contactless-gpo-response.txt   (a card's response, explained)"
+"$tool" explain <examples/contactless-gpo-response.txt
+echo
 echo "==> vastrel decode < examples/chip-pin-sale.hex"
 "$tool" decode <examples/chip-pin-sale.hex
 echo

@@ -283,6 +283,55 @@ typedef enum vastrel_receipt_number_field {
 VASTREL_API vastrel_status vastrel_receipt_number(const vastrel_receipt* receipt, int field,
                                                   int64_t* value);
 
+/* ---- Strict reading and explanations ---- */
+
+/* Why a strict read stopped; VASTREL_BER_OK when it read everything. */
+typedef enum vastrel_ber_error_kind {
+    VASTREL_BER_OK = 0,
+    VASTREL_BER_TRUNCATED_TAG = 1,
+    VASTREL_BER_TRUNCATED_LENGTH = 2,
+    VASTREL_BER_LENGTH_PAST_END = 3,
+    VASTREL_BER_LENGTH_TOO_LARGE = 4,
+    VASTREL_BER_INDEFINITE_LENGTH = 5,
+    VASTREL_BER_TOO_DEEP = 6
+} vastrel_ber_error_kind;
+
+#define VASTREL_BER_NO_PARENT 0xFFFFFFFFu
+
+/* One element of a strict read, in document order: a template is followed by its subtree,
+   which ends at index subtree_end. Offsets count bytes from the start of the data. */
+typedef struct vastrel_ber_node {
+    size_t offset; /* of the first tag byte */
+    size_t tag_length;
+    size_t value_offset;
+    size_t value_length;
+    uint32_t tag;    /* the tag's bytes big-endian (0x9F26); 0xFFFFFFFF above 4 bytes */
+    uint32_t depth;  /* 0 at the top level */
+    uint32_t parent; /* index of the enclosing template, or VASTREL_BER_NO_PARENT */
+    uint32_t subtree_end;
+    int constructed;
+} vastrel_ber_node;
+
+/* Reads data strictly as BER-TLV: every template expanded, 00 padding skipped, lengths in
+   short form or 81 to 84, elements nested at most max_depth levels (0: the default, 32).
+   Writes up to node_capacity nodes and sets *node_count to the number read (nodes may be
+   NULL when node_capacity is 0); VASTREL_ERROR_BUFFER_TOO_SMALL when they do not all fit.
+   Malformed data is not a failure of the call: *error_kind says why the read stopped and
+   *error_offset where (the first tag byte of the element that could not be read), and the
+   nodes read before it are written. */
+VASTREL_API vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max_depth,
+                                            vastrel_ber_node* nodes, size_t node_capacity,
+                                            size_t* node_count, int* error_kind,
+                                            size_t* error_offset);
+
+/* The explanation of data (an R-APDU or plain TLV data) as one JSON object: {"elements":
+   [...], "status": null or {"sw", "meaning"}, "error": null or {"offset", "reason"}}, each
+   element with "tag", "name", "length", "value", "children" for templates and "meaning"
+   for decoded values. Card data is masked unless show_sensitive is non-zero. */
+VASTREL_API vastrel_status vastrel_explain_json(const uint8_t* data, size_t length,
+                                                int show_sensitive, char* out, size_t out_capacity,
+                                                size_t* out_length);
+
 /* ---- Log ---- */
 
 /* Receives each of the library's log lines, NUL-terminated, with its length. Called on the

@@ -129,12 +129,18 @@ std::uint32_t BerNode::tagNumber() const noexcept {
 
 std::string_view describe(BerErrorKind kind) noexcept {
     switch (kind) {
-        case BerErrorKind::TruncatedTag: return "truncated tag";
-        case BerErrorKind::TruncatedLength: return "truncated length";
-        case BerErrorKind::LengthPastEnd: return "length past the end";
-        case BerErrorKind::LengthTooLarge: return "length too large";
-        case BerErrorKind::IndefiniteLength: return "indefinite length";
-        case BerErrorKind::TooDeep: return "too deep";
+        case BerErrorKind::TruncatedTag:
+            return "truncated tag";
+        case BerErrorKind::TruncatedLength:
+            return "truncated length";
+        case BerErrorKind::LengthPastEnd:
+            return "length past the end";
+        case BerErrorKind::LengthTooLarge:
+            return "length too large";
+        case BerErrorKind::IndefiniteLength:
+            return "indefinite length";
+        case BerErrorKind::TooDeep:
+            return "too deep";
     }
     return "unknown error";
 }

@@ -26,12 +26,11 @@ constexpr ByteBits kTvr[] = {
     {"Offline data authentication was not performed", "SDA failed", "ICC data missing",
      "Card appears on terminal exception file", "DDA failed", "CDA failed", "SDA selected", ""},
     {"ICC and terminal have different application versions", "Expired application",
-     "Application not yet effective", "Requested service not allowed for card product",
-     "New card", "", "", ""},
+     "Application not yet effective", "Requested service not allowed for card product", "New card",
+     "", "", ""},
     {"Cardholder verification was not successful", "Unrecognised CVM", "PIN Try Limit exceeded",
      "PIN entry required and PIN pad not present or not working",
-     "PIN entry required, PIN pad present, but PIN was not entered", "Online PIN entered", "",
-     ""},
+     "PIN entry required, PIN pad present, but PIN was not entered", "Online PIN entered", "", ""},
     {"Transaction exceeds floor limit", "Lower consecutive offline limit exceeded",
      "Upper consecutive offline limit exceeded",
      "Transaction selected randomly for online processing", "Merchant forced transaction online",
@@ -63,8 +62,7 @@ constexpr ByteBits kAip[] = {
 constexpr ByteBits kAuc[] = {
     {"Valid for domestic cash transactions", "Valid for international cash transactions",
      "Valid for domestic goods", "Valid for international goods", "Valid for domestic services",
-     "Valid for international services", "Valid at ATMs",
-     "Valid at terminals other than ATMs"},
+     "Valid for international services", "Valid at ATMs", "Valid at terminals other than ATMs"},
     {"Domestic cashback allowed", "International cashback allowed", "", "", "", "", "", ""},
 };
 
@@ -74,8 +72,7 @@ constexpr ByteBits kTerminalCapabilities[] = {
     {"CVM: plaintext PIN for ICC verification", "CVM: enciphered PIN for online verification",
      "CVM: signature (paper)", "CVM: enciphered PIN for offline verification",
      "CVM: no CVM required", "", "", ""},
-    {"Security: SDA", "Security: DDA", "Security: card capture", "", "Security: CDA", "", "",
-     ""},
+    {"Security: SDA", "Security: DDA", "Security: card capture", "", "Security: CDA", "", "", ""},
 };
 
 constexpr ByteBits kAdditionalTerminalCapabilities[] = {
@@ -101,8 +98,7 @@ constexpr ByteBits kTtq[] = {
      "Offline Data Authentication for Online Authorizations supported"},
     {"Online cryptogram required", "CVM required", "(Contact Chip) Offline PIN supported", "", "",
      "", "", ""},
-    {"Issuer Update Processing supported", "Consumer Device CVM supported", "", "", "", "", "",
-     ""},
+    {"Issuer Update Processing supported", "Consumer Device CVM supported", "", "", "", "", "", ""},
     {"", "", "", "", "", "", "", ""},
 };
 

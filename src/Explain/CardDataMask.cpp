@@ -17,8 +17,7 @@ constexpr std::uint32_t kKernelTrack2 = 0x9F6B;  // Card CVM Limit for Visa
 // Hidden whole: track 1 and its kernel forms, discretionary data, names, PIN data, and the
 // readers' proprietary track and PIN block tags.
 constexpr std::uint32_t kHiddenWhole[] = {
-    0x56,     0x99,     0x5F20,   0x9F0B,   0x9F1F,   0x9F20,
-    0xDF13,   0xDF14,   0xDF15,   0xDF16,   0xDF812A, 0xDF812B,
+    0x56, 0x99, 0x5F20, 0x9F0B, 0x9F1F, 0x9F20, 0xDF13, 0xDF14, 0xDF15, 0xDF16, 0xDF812A, 0xDF812B,
 };
 
 void star(std::span<char> digits) { std::fill(digits.begin(), digits.end(), '*'); }
@@ -60,7 +59,8 @@ bool maskCardData(std::uint32_t tag, PaymentScheme scheme, std::span<char> value
         maskTrack2(valueHex);
         return true;
     }
-    if (std::find(std::begin(kHiddenWhole), std::end(kHiddenWhole), tag) != std::end(kHiddenWhole)) {
+    if (std::find(std::begin(kHiddenWhole), std::end(kHiddenWhole), tag) !=
+        std::end(kHiddenWhole)) {
         star(valueHex);
         return true;
     }

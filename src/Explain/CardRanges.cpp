@@ -17,33 +17,15 @@ using S = PaymentScheme;
 
 // The schemes' published issuer identification number ranges.
 constexpr IssuerRange kRanges[] = {
-    {4, 4, 1, S::Visa},
-    {51, 55, 2, S::Mastercard},
-    {2221, 2720, 4, S::Mastercard},
-    {34, 34, 2, S::Amex},
-    {37, 37, 2, S::Amex},
-    {6011, 6011, 4, S::Discover},
-    {644, 649, 3, S::Discover},
-    {65, 65, 2, S::Discover},
-    {622126, 622925, 6, S::Discover},
-    {300, 305, 3, S::Diners},
-    {3095, 3095, 4, S::Diners},
-    {36, 36, 2, S::Diners},
-    {38, 39, 2, S::Diners},
-    {3528, 3589, 4, S::Jcb},
-    {62, 62, 2, S::UnionPay},
-    {81, 81, 2, S::UnionPay},
-    {50, 50, 2, S::Maestro},
-    {56, 69, 2, S::Maestro},
-    {2200, 2204, 4, S::Mir},
-    {9792, 9792, 4, S::Troy},
-    {65, 65, 2, S::Troy},
-    {60, 60, 2, S::RuPay},
-    {652, 653, 3, S::RuPay},
-    {508, 508, 3, S::RuPay},
-    {81, 82, 2, S::RuPay},
-    {353, 353, 3, S::RuPay},
-    {356, 356, 3, S::RuPay},
+    {4, 4, 1, S::Visa},         {51, 55, 2, S::Mastercard}, {2221, 2720, 4, S::Mastercard},
+    {34, 34, 2, S::Amex},       {37, 37, 2, S::Amex},       {6011, 6011, 4, S::Discover},
+    {644, 649, 3, S::Discover}, {65, 65, 2, S::Discover},   {622126, 622925, 6, S::Discover},
+    {300, 305, 3, S::Diners},   {3095, 3095, 4, S::Diners}, {36, 36, 2, S::Diners},
+    {38, 39, 2, S::Diners},     {3528, 3589, 4, S::Jcb},    {62, 62, 2, S::UnionPay},
+    {81, 81, 2, S::UnionPay},   {50, 50, 2, S::Maestro},    {56, 69, 2, S::Maestro},
+    {2200, 2204, 4, S::Mir},    {9792, 9792, 4, S::Troy},   {65, 65, 2, S::Troy},
+    {60, 60, 2, S::RuPay},      {652, 653, 3, S::RuPay},    {508, 508, 3, S::RuPay},
+    {81, 82, 2, S::RuPay},      {353, 353, 3, S::RuPay},    {356, 356, 3, S::RuPay},
 };
 
 constexpr std::size_t kMaxPrefixDigits = 6;
@@ -56,7 +38,8 @@ std::vector<PaymentScheme> CardRanges::schemesOf(std::string_view pan) {
     std::size_t available = 0;
     while (available < kMaxPrefixDigits && available < pan.size() && pan[available] >= '0' &&
            pan[available] <= '9') {
-        prefixes[available + 1] = prefixes[available] * 10 + static_cast<std::uint32_t>(pan[available] - '0');
+        prefixes[available + 1] =
+            prefixes[available] * 10 + static_cast<std::uint32_t>(pan[available] - '0');
         ++available;
     }
     std::vector<PaymentScheme> schemes;

@@ -130,7 +130,7 @@ void cvmRule(Value rule, Findings& out, std::string_view label) {
     line += ", ";
     line += cvmCondition(rule[1]);
     line += (rule[0] & kApplyNextRuleBit) != 0 ? "; if it fails, apply the next rule"
-                                                : "; if it fails, cardholder verification fails";
+                                               : "; if it fails, cardholder verification fails";
     out.push_back(std::move(line));
 }
 
@@ -156,8 +156,7 @@ void visaFormat2(Value value, Findings& out) {
 }
 
 void visaFormat013(Value value, Findings& out) {
-    out.push_back("Layout: Visa format 0, 1 or 3, cryptogram version number " +
-                  byteHex(value[2]) +
+    out.push_back("Layout: Visa format 0, 1 or 3, cryptogram version number " + byteHex(value[2]) +
                   (value[2] == 0x0A   ? " (CVN 10)"
                    : value[2] == 0x11 ? " (CVN 17)"
                    : value[2] == 0x12 ? " (CVN 18)"
@@ -189,8 +188,7 @@ void cvmList(Value value, Findings& out) {
     out.push_back("Amount X: " + std::to_string(bigEndian(value.subspan(0, 4))));
     out.push_back("Amount Y: " + std::to_string(bigEndian(value.subspan(4, 4))));
     for (std::size_t i = kAmounts; i < value.size(); i += 2) {
-        cvmRule(value.subspan(i, 2), out,
-                "Rule " + std::to_string((i - kAmounts) / 2 + 1) + ": ");
+        cvmRule(value.subspan(i, 2), out, "Rule " + std::to_string((i - kAmounts) / 2 + 1) + ": ");
     }
 }
 

@@ -59,8 +59,7 @@ constexpr TagInfo kUnsorted[] = {
     {0x5F25, "Application Effective Date", n, card, "70, 77", 3, 3},
     {0x5F28, "Issuer Country Code", n, card, "70, 77", 2, 2},
     {0x5F30, "Service Code", n, card, "70, 77", 2, 2},
-    {0x5F34, "Application Primary Account Number (PAN) Sequence Number", n, card, "70, 77", 1,
-     1},
+    {0x5F34, "Application Primary Account Number (PAN) Sequence Number", n, card, "70, 77", 1, 1},
     {0x70, "READ RECORD Response Message Template", b, card, "", 0, 252},
     {0x77, "Response Message Template Format 2", b, card, "", 0, any},
     {0x80, "Response Message Template Format 1", b, card, "", 0, any},
@@ -264,8 +263,7 @@ constexpr TagInfo kUnsorted[] = {
     {0xDF8302, "Device Relay Resistance Entropy", b, card, "", 4, 4},
     {0xDF8303, "Min Time For Processing Relay Resistance APDU", b, card, "", 2, 2},
     {0xDF8304, "Max Time For Processing Relay Resistance APDU", b, card, "", 2, 2},
-    {0xDF8305, "Device Estimated Transmission Time For Relay Resistance R-APDU", b, card, "", 2,
-     2},
+    {0xDF8305, "Device Estimated Transmission Time For Relay Resistance R-APDU", b, card, "", 2, 2},
     {0xDF8306, "Measured Relay Resistance Processing Time", b, term, "", 2, 2},
     {0xDF8307, "RRP Counter", b, term, "", 1, 1},
     {0xFF8101, "Torn Record", b, term, "", 0, any},
@@ -324,20 +322,28 @@ static_assert(eachTagSchemeOnce(), "a tag is listed twice for the same scheme");
 
 std::string_view formatCode(DataFormat format) noexcept {
     switch (format) {
-        case DataFormat::Binary: return "b";
-        case DataFormat::Numeric: return "n";
-        case DataFormat::CompressedNumeric: return "cn";
-        case DataFormat::Alphanumeric: return "an";
-        case DataFormat::AlphanumericSpecial: return "ans";
+        case DataFormat::Binary:
+            return "b";
+        case DataFormat::Numeric:
+            return "n";
+        case DataFormat::CompressedNumeric:
+            return "cn";
+        case DataFormat::Alphanumeric:
+            return "an";
+        case DataFormat::AlphanumericSpecial:
+            return "ans";
     }
     return "b";
 }
 
 std::string_view sourceName(DataSource source) noexcept {
     switch (source) {
-        case DataSource::Card: return "card";
-        case DataSource::Terminal: return "terminal";
-        case DataSource::Issuer: return "issuer";
+        case DataSource::Card:
+            return "card";
+        case DataSource::Terminal:
+            return "terminal";
+        case DataSource::Issuer:
+            return "issuer";
     }
     return "card";
 }

@@ -138,8 +138,8 @@ Explanation Explainer::explain(std::span<const std::uint8_t> data, const Explain
     if (size >= 2 && StatusWord::isStatusWord(data[size - 2], data[size - 1])) {
         BerReader::read(data.first(size - 2), read, options.maxDepth);
         if (read.ok()) {
-            explanation.status = ExplainedStatus{codec::hexUpper(data.last(2)),
-                                                 StatusWord::meaning(data[size - 2], data[size - 1])};
+            explanation.status = ExplainedStatus{
+                codec::hexUpper(data.last(2)), StatusWord::meaning(data[size - 2], data[size - 1])};
         }
     }
     if (!explanation.status) BerReader::read(data, read, options.maxDepth);

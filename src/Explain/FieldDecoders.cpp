@@ -100,8 +100,7 @@ constexpr auto kDecoders = [] {
 Decoder findDecoder(std::uint32_t tag, PaymentScheme scheme) {
     if (scheme == PaymentScheme::Maestro) scheme = mc;  // the same kernel
     const Entry wanted{tag, nullptr};
-    const auto [first, last] =
-        std::equal_range(kDecoders.begin(), kDecoders.end(), wanted, byTag);
+    const auto [first, last] = std::equal_range(kDecoders.begin(), kDecoders.end(), wanted, byTag);
     const Entry* shared = nullptr;
     for (const Entry* entry = first; entry != last; ++entry) {
         if (entry->scheme == scheme) return entry->decoder;

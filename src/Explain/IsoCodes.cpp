@@ -9,10 +9,10 @@ namespace {
 #include "IsoTables.inc"
 
 template <typename Entry, typename Key, typename KeyOf>
-std::optional<Entry> findEntry(const Entry* first, const Entry* last, const Key& key,
-                               KeyOf keyOf) {
+std::optional<Entry> findEntry(const Entry* first, const Entry* last, const Key& key, KeyOf keyOf) {
     const auto* found = std::lower_bound(
-        first, last, key, [&](const Entry& entry, const Key& wanted) { return keyOf(entry) < wanted; });
+        first, last, key,
+        [&](const Entry& entry, const Key& wanted) { return keyOf(entry) < wanted; });
     if (found == last || keyOf(*found) != key) return std::nullopt;
     return *found;
 }
@@ -70,9 +70,9 @@ std::optional<IsoLanguage> IsoCodes::language(std::string_view alpha2) noexcept 
 }
 
 int IsoCodes::minorUnits(std::uint16_t numeric) noexcept {
-    const auto* found = std::find_if(std::begin(kMinorUnitExceptions),
-                                     std::end(kMinorUnitExceptions),
-                                     [numeric](const MinorUnits& entry) { return entry.numeric == numeric; });
+    const auto* found =
+        std::find_if(std::begin(kMinorUnitExceptions), std::end(kMinorUnitExceptions),
+                     [numeric](const MinorUnits& entry) { return entry.numeric == numeric; });
     return found == std::end(kMinorUnitExceptions) ? 2 : found->digits;
 }
 

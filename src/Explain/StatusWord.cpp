@@ -88,12 +88,10 @@ bool StatusWord::isStatusWord(std::uint8_t sw1, std::uint8_t /*sw2*/) noexcept {
 
 std::string StatusWord::meaning(std::uint8_t sw1, std::uint8_t sw2) {
     if (sw1 == 0x61) {
-        return "normal processing, " + std::to_string(sw2) +
-               " more bytes available (GET RESPONSE)";
+        return "normal processing, " + std::to_string(sw2) + " more bytes available (GET RESPONSE)";
     }
     if (sw1 == 0x6C) {
-        return "checking error: wrong Le field, " + std::to_string(sw2) +
-               " bytes available";
+        return "checking error: wrong Le field, " + std::to_string(sw2) + " bytes available";
     }
     if (sw1 == 0x63 && (sw2 & 0xF0) == 0xC0) {
         const int tries = sw2 & 0x0F;

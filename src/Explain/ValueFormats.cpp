@@ -58,7 +58,8 @@ void amount(const std::string& digits, const DecodeContext& context, Findings& o
     if (context.currency) {
         exponent = IsoCodes::minorUnits(*context.currency);
         const auto known = IsoCodes::currency(*context.currency);
-        currency = known ? " " + std::string(known->alpha3) : " (currency " + std::to_string(*context.currency) + ")";
+        currency = known ? " " + std::string(known->alpha3)
+                         : " (currency " + std::to_string(*context.currency) + ")";
     }
     if (context.currencyExponent) exponent = *context.currencyExponent;
     out.push_back(withExponent(digits, exponent) + currency);
@@ -245,25 +246,38 @@ void serviceCode(Value value, Findings& out) {
 
 void serviceCodeDigits(std::string_view code, Findings& out) {
     constexpr std::string_view kInterchange[] = {
-        "", "International interchange OK",
-        "International interchange, use IC (chip) where feasible", "", "",
+        "",
+        "International interchange OK",
+        "International interchange, use IC (chip) where feasible",
+        "",
+        "",
         "National interchange only except under bilateral agreement",
         "National interchange only, use IC (chip) where feasible",
-        "No interchange except under bilateral agreement (closed loop)", "", "Test card"};
+        "No interchange except under bilateral agreement (closed loop)",
+        "",
+        "Test card"};
     constexpr std::string_view kAuthorisation[] = {
-        "Normal authorisation", "", "Contact issuer via online means", "",
+        "Normal authorisation",
+        "",
+        "Contact issuer via online means",
+        "",
         "Contact issuer via online means except under bilateral agreement",
-        "", "", "", "", ""};
-    constexpr std::string_view kServices[] = {"No restrictions, PIN required",
-                                              "No restrictions",
-                                              "Goods and services only (no cash)",
-                                              "ATM only, PIN required",
-                                              "Cash only",
-                                              "Goods and services only (no cash), PIN required",
-                                              "No restrictions, use PIN where feasible",
-                                              "Goods and services only (no cash), use PIN where feasible",
-                                              "",
-                                              ""};
+        "",
+        "",
+        "",
+        "",
+        ""};
+    constexpr std::string_view kServices[] = {
+        "No restrictions, PIN required",
+        "No restrictions",
+        "Goods and services only (no cash)",
+        "ATM only, PIN required",
+        "Cash only",
+        "Goods and services only (no cash), PIN required",
+        "No restrictions, use PIN where feasible",
+        "Goods and services only (no cash), use PIN where feasible",
+        "",
+        ""};
     const std::string_view* tables[] = {kInterchange, kAuthorisation, kServices};
     for (std::size_t i = 0; i < 3 && i < code.size(); ++i) {
         const bool digit = code[i] >= '0' && code[i] <= '9';

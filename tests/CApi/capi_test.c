@@ -209,6 +209,63 @@ static void test_split(void) {
     CHECK_STATUS(vastrel_tlv_split(NULL, 4, &list), VASTREL_ERROR_NULL_ARGUMENT);
 }
 
+static void test_explain(void) {
+    /* 70 { 5A 01 47 } 9F27 01 80 */
+    static const uint8_t data[] = {0x70, 0x03, 0x5A, 0x01, 0x47, 0x9F, 0x27, 0x01, 0x80};
+    static const uint8_t cut[] = {0x9F, 0x27, 0x05, 0x80};
+    static const uint8_t response[] = {0x5A, 0x08, 0x47, 0x61, 0x73, 0x90,
+                                       0x01, 0x01, 0x00, 0x10, 0x90, 0x00};
+    vastrel_ber_node nodes[3];
+    size_t count = 0;
+    int kind = -1;
+    size_t offset = 99;
+    char json[1024];
+
+    CHECK_STATUS(vastrel_ber_read(data, sizeof data, 0, nodes, 3, &count, &kind, &offset),
+                 VASTREL_OK);
+    CHECK(count == 3 && kind == VASTREL_BER_OK && offset == 0);
+    CHECK(nodes[0].constructed && nodes[0].subtree_end == 2 &&
+          nodes[0].parent == VASTREL_BER_NO_PARENT);
+    CHECK(nodes[1].tag == 0x5A && nodes[1].depth == 1 && nodes[1].parent == 0);
+    CHECK(nodes[1].value_offset == 4 && nodes[1].value_length == 1);
+    CHECK(nodes[2].tag == 0x9F27 && nodes[2].offset == 5 && nodes[2].tag_length == 2);
+    CHECK_STATUS(vastrel_ber_read(data, sizeof data, 1, nodes, 3, &count, &kind, &offset),
+                 VASTREL_OK);
+    CHECK(count == 1 && kind == VASTREL_BER_TOO_DEEP && offset == 2);
+    CHECK_STATUS(vastrel_ber_read(cut, sizeof cut, 0, nodes, 3, &count, &kind, &offset),
+                 VASTREL_OK);
+    CHECK(count == 0 && kind == VASTREL_BER_LENGTH_PAST_END && offset == 0);
+    CHECK_STATUS(vastrel_ber_read(data, sizeof data, 0, nodes, 2, &count, &kind, &offset),
+                 VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK(count == 3 && nodes[1].tag == 0x5A);
+    CHECK_STATUS(vastrel_ber_read(data, sizeof data, 0, NULL, 0, &count, &kind, &offset),
+                 VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK_STATUS(vastrel_ber_read(NULL, 0, 0, NULL, 0, &count, &kind, &offset), VASTREL_OK);
+    CHECK(count == 0);
+    CHECK_STATUS(vastrel_ber_read(NULL, 2, 0, nodes, 3, &count, &kind, &offset),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+    CHECK_STATUS(vastrel_ber_read(data, sizeof data, 0, nodes, 3, &count, NULL, &offset),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+
+    CHECK_STATUS(
+        vastrel_explain_json(response, sizeof response, 0, json, sizeof json, &text_length),
+        VASTREL_OK);
+    CHECK(strstr(json, "\"sw\": \"9000\"") != NULL);
+    CHECK(strstr(json, "476173******0010") != NULL);
+    CHECK(strstr(json, "4761739001010010") == NULL);
+    CHECK_STATUS(
+        vastrel_explain_json(response, sizeof response, 1, json, sizeof json, &text_length),
+        VASTREL_OK);
+    CHECK(strstr(json, "4761739001010010") != NULL);
+    CHECK_STATUS(vastrel_explain_json(cut, sizeof cut, 0, json, sizeof json, &text_length),
+                 VASTREL_OK);
+    CHECK(strstr(json, "\"reason\": \"length past the end\"") != NULL);
+    CHECK_STATUS(vastrel_explain_json(cut, sizeof cut, 0, json, 8, &text_length),
+                 VASTREL_ERROR_BUFFER_TOO_SMALL);
+    CHECK_STATUS(vastrel_explain_json(NULL, 4, 0, json, sizeof json, &text_length),
+                 VASTREL_ERROR_NULL_ARGUMENT);
+}
+
 static void test_lookups(void) {
     int64_t cvm = -1;
     uint64_t number = 99;
@@ -372,6 +429,7 @@ int main(void) {
     test_hex();
     test_decode();
     test_split();
+    test_explain();
     test_lookups();
     test_receipts();
     test_logging();

@@ -32,18 +32,26 @@ TEST(BerReaderTest, ReadsWellFormedData) {
         std::size_t padding;
     };
     const Case cases[] = {
-        {"every template expanded, the last one included", "77 03 9F2700 70 03 5A 01 47",
-         {"0 77:", "1 9F27:", "0 70:", "1 5A:47"}, 0},
+        {"every template expanded, the last one included",
+         "77 03 9F2700 70 03 5A 01 47",
+         {"0 77:", "1 9F27:", "0 70:", "1 5A:47"},
+         0},
         {"nested templates", "70 06 61 04 4F 02 A0 00", {"0 70:", "1 61:", "2 4F:A000"}, 0},
         {"an empty last element is kept", "9F02 01 12 9F03 00", {"0 9F02:12", "0 9F03:"}, 0},
         {"an empty template", "70 00 5A 00", {"0 70:", "0 5A:"}, 0},
-        {"three-byte and four-byte tags", "DF8129 01 11 FF810100 9F818203 00",
-         {"0 DF8129:11", "0 FF8101:", "0 9F818203:"}, 0},
+        {"three-byte and four-byte tags",
+         "DF8129 01 11 FF810100 9F818203 00",
+         {"0 DF8129:11", "0 FF8101:", "0 9F818203:"},
+         0},
         {"a tag of six bytes", "1F 81 82 83 84 05 01 AA", {"0 1F8182838405:AA"}, 0},
-        {"lengths in long form, 81 to 84", "5A 81 01 11 5A 82 0001 22 5A 83 000001 33 5A 84 00000001 44",
-         {"0 5A:11", "0 5A:22", "0 5A:33", "0 5A:44"}, 0},
-        {"00 padding before, between, inside and after", "00 70 04 00 5A 01 47 00 00 5F 20 00 00",
-         {"0 70:", "1 5A:47", "0 5F20:"}, 5},
+        {"lengths in long form, 81 to 84",
+         "5A 81 01 11 5A 82 0001 22 5A 83 000001 33 5A 84 00000001 44",
+         {"0 5A:11", "0 5A:22", "0 5A:33", "0 5A:44"},
+         0},
+        {"00 padding before, between, inside and after",
+         "00 70 04 00 5A 01 47 00 00 5F 20 00 00",
+         {"0 70:", "1 5A:47", "0 5F20:"},
+         5},
         {"only padding", "00 00", {}, 2},
         {"nothing", "", {}, 0},
     };
@@ -74,20 +82,24 @@ TEST(BerReaderTest, StopsAtTheFirstElementItCannotRead) {
         {"five length bytes", "5A 85 00 00 00 00 01 11", {K::LengthTooLarge, 0}, 0},
         {"the reserved length byte FF", "5A FF", {K::LengthTooLarge, 0}, 0},
         {"the indefinite form", "70 80 5A 01 47 00 00", {K::IndefiniteLength, 0}, 0},
-        {"a child past its template's end", "70 03 5A 02 47 61 9F 27 01 80",
-         {K::LengthPastEnd, 2}, 1},
+        {"a child past its template's end",
+         "70 03 5A 02 47 61 9F 27 01 80",
+         {K::LengthPastEnd, 2},
+         1},
         {"a tag cut short by its template's end", "70 01 9F 27 01 80", {K::TruncatedTag, 2}, 1},
         {"a value past the end after a template", "70 03 5A 01 47 5A 01", {K::LengthPastEnd, 5}, 2},
-        {"an error two levels down keeps its own offset", "70 08 61 06 4F 01 A0 4F 05 A0",
-         {K::LengthPastEnd, 7}, 3},
+        {"an error two levels down keeps its own offset",
+         "70 08 61 06 4F 01 A0 4F 05 A0",
+         {K::LengthPastEnd, 7},
+         3},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.why);
         const auto data = bytesOf(c.hex);
         const BerReadResult result = BerReader::read(data);
         ASSERT_FALSE(result.ok());
-        EXPECT_EQ(*result.error, c.error) << describe(result.error->kind) << " at "
-                                          << result.error->offset;
+        EXPECT_EQ(*result.error, c.error)
+            << describe(result.error->kind) << " at " << result.error->offset;
         EXPECT_EQ(result.nodes.size(), c.nodesKept);
     }
 }
@@ -114,8 +126,8 @@ TEST(BerReaderTest, LinksEachNodeToItsTemplateAndSubtree) {
         std::uint8_t lengthFieldSize;
     };
     const Expected expected[] = {
-        {0, BerNode::kNoParent, 4, 0, 1}, {1, 0, 3, 2, 1}, {2, 1, 3, 4, 1},
-        {1, 0, 4, 7, 1},                  {0, BerNode::kNoParent, 5, 12, 1},
+        {0, BerNode::kNoParent, 4, 0, 1},  {1, 0, 3, 2, 1}, {2, 1, 3, 4, 1}, {1, 0, 4, 7, 1},
+        {0, BerNode::kNoParent, 5, 12, 1},
     };
     ASSERT_EQ(result.nodes.size(), std::size(expected));
     for (std::size_t i = 0; i < std::size(expected); ++i) {

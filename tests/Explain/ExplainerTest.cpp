@@ -36,9 +36,9 @@ TEST(ExplainerTest, ReadsAClosingStatusWordOnlyAfterCompleteElements) {
         {"6F 03 84 01 A0 90 00", "9000", 2},
         {"6A 82", "6A82", 0},
         {"77 03 9F 27 00 61 10", "6110", 2},  // the template is whole without the word
-        {"5A 03 47 61 90 00", nullptr, 1},         // 9000 is inside the card number
-        {"9F 27 01 80 60 00", nullptr, 2},         // 60 is no status word's first byte
-        {"9F 27 01 80 91 00", nullptr, 2},         // 91 00 is an empty element
+        {"5A 03 47 61 90 00", nullptr, 1},    // 9000 is inside the card number
+        {"9F 27 01 80 60 00", nullptr, 2},    // 60 is no status word's first byte
+        {"9F 27 01 80 91 00", nullptr, 2},    // 91 00 is an empty element
         {"9000", "9000", 0},
     };
     for (const Case& c : cases) {
@@ -88,8 +88,7 @@ TEST(ExplainerTest, KeepsWhatWasReadBeforeAnError) {
     EXPECT_EQ(explanation.error->kind, BerErrorKind::LengthPastEnd);
     EXPECT_EQ(explanation.error->offset, 6u);
     ASSERT_EQ(explanation.elements.size(), 2u);
-    EXPECT_EQ(explanation.elements[0].meaning,
-              Findings{"ARQC (online authorisation requested)"});
+    EXPECT_EQ(explanation.elements[0].meaning, Findings{"ARQC (online authorisation requested)"});
     EXPECT_FALSE(explanation.status.has_value());
 }
 
@@ -177,14 +176,15 @@ TEST(ExplainerTest, JsonHasTheDocumentedShape) {
       "error": null})json");
     EXPECT_EQ(json, expected);
     const auto failed = nlohmann::ordered_json::parse(Explainer::toJson(explainHex("9F27 05 80")));
-    EXPECT_EQ(failed["error"], nlohmann::ordered_json::parse(
-                                   R"({"offset": 0, "reason": "length past the end"})"));
+    EXPECT_EQ(failed["error"],
+              nlohmann::ordered_json::parse(R"({"offset": 0, "reason": "length past the end"})"));
     EXPECT_EQ(failed["elements"], nlohmann::ordered_json::array());
 }
 
 TEST(ExplainerTest, JsonEscapesText) {
     Explanation explanation;
-    explanation.elements.push_back({"50", "a \"quoted\" \\ name\x01", 0, "", {}, 0, 1, false, true});
+    explanation.elements.push_back(
+        {"50", "a \"quoted\" \\ name\x01", 0, "", {}, 0, 1, false, true});
     const auto json = nlohmann::ordered_json::parse(Explainer::toJson(explanation));
     EXPECT_EQ(json["elements"][0]["name"], "a \"quoted\" \\ name\x01");
 }
@@ -249,8 +249,9 @@ TEST(IsoCodesTest, GeneratedTablesAndMinorUnits) {
     EXPECT_EQ(IsoCodes::language("zu")->name, "Zulu");  // the last entry
     EXPECT_FALSE(IsoCodes::language("EN").has_value());
     const std::pair<std::uint16_t, int> kUnits[] = {{840, 2}, {392, 0}, {414, 3}, {48, 3},
-                                                     {990, 4}, {978, 2}, {174, 0}, {0, 2}};
-    for (const auto& [code, units] : kUnits) EXPECT_EQ(IsoCodes::minorUnits(code), units) << code;
+                                                    {990, 4}, {978, 2}, {174, 0}, {0, 2}};
+    for (const auto& [code, units] : kUnits)
+        EXPECT_EQ(IsoCodes::minorUnits(code), units) << code;
 }
 
 // First and last member of each range, and the numbers just outside.

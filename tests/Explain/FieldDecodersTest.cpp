@@ -50,8 +50,8 @@ TEST(FieldDecodersTest, EachTvrBitByPosition) {
          "Application not yet effective", "Requested service not allowed for card product",
          "New card", "byte 2 bit 3: RFU bit set", "byte 2 bit 2: RFU bit set",
          "byte 2 bit 1: RFU bit set"},
-        {"Cardholder verification was not successful", "Unrecognised CVM",
-         "PIN Try Limit exceeded", "PIN entry required and PIN pad not present or not working",
+        {"Cardholder verification was not successful", "Unrecognised CVM", "PIN Try Limit exceeded",
+         "PIN entry required and PIN pad not present or not working",
          "PIN entry required, PIN pad present, but PIN was not entered", "Online PIN entered",
          "byte 3 bit 2: RFU bit set", "byte 3 bit 1: RFU bit set"},
         {"Transaction exceeds floor limit", "Lower consecutive offline limit exceeded",
@@ -80,7 +80,7 @@ TEST(FieldDecodersTest, EachTvrBitByPosition) {
 // Every bit map gives one finding per set bit, and different bits different findings.
 TEST(FieldDecodersTest, BitMapsNameEachBitOnce) {
     const std::pair<std::uint32_t, std::size_t> kBitMaps[] = {
-        {0x95, 5}, {0x9B, 2}, {0x82, 2}, {0x9F07, 2}, {0x9F33, 3},
+        {0x95, 5},   {0x9B, 2},   {0x82, 2},   {0x9F07, 2}, {0x9F33, 3},
         {0x9F40, 5}, {0x9F66, 4}, {0x9F6C, 2}, {0x9F0E, 5}, {0xDF8122, 5},
     };
     for (const auto& [tag, size] : kBitMaps) {
@@ -99,8 +99,8 @@ TEST(FieldDecodersTest, BitMapsNameEachBitOnce) {
 }
 
 TEST(FieldDecodersTest, AnyLengthGivesFindingsWithoutFailing) {
-    const std::uint32_t kTags[] = {0x4F, 0x50, 0x57, 0x5A, 0x5F24, 0x5F28, 0x5F2A, 0x5F2D,
-                                   0x5F30, 0x81, 0x82, 0x8E, 0x95, 0x9A, 0x9C, 0x9F02,
+    const std::uint32_t kTags[] = {0x4F,   0x50,   0x57,   0x5A,   0x5F24, 0x5F28, 0x5F2A, 0x5F2D,
+                                   0x5F30, 0x81,   0x82,   0x8E,   0x95,   0x9A,   0x9C,   0x9F02,
                                    0x9F10, 0x9F21, 0x9F27, 0x9F34, 0x9F35, 0x9F39, 0x9F66};
     for (const auto tag : kTags) {
         for (std::size_t size = 0; size <= 40; ++size) {

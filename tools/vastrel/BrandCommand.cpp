@@ -25,9 +25,11 @@ CommandOutput runBrand(const BrandOptions& options) {
     requireDigitPrefix(pan);
     const auto type =
         static_cast<std::uint64_t>(CreditCardHelper().getCardTypeFromRedactedPan(pan));
-    if (options.json) return {dumpJson(Json{{"cardType", enumJson(EnumType::CardType, type)}}), {}, {}};
+    if (options.json)
+        return {dumpJson(Json{{"cardType", enumJson(EnumType::CardType, type)}}), {}, {}};
     return {displayString(EnumType::CardType, type) + " (CardType " + std::to_string(type) + ")\n",
-            {}, {}};
+            {},
+            {}};
 }
 
 }  // namespace

@@ -116,9 +116,9 @@ int runCli(std::span<const char* const> args, const CliStreams& streams) {
     app.fallthrough();  // --verbose may also come after the subcommand
 
     const std::vector<Command> commands = {
-        addExplainCommand(app), addDecodeCommand(app), addSplitCommand(app), addTagCommand(app),
-        addTagsCommand(app),   addCvmCommand(app),   addBrandCommand(app),
-        addEnumCommand(app),   addIccCommand(app),   addReceiptCommand(app),
+        addExplainCommand(app), addDecodeCommand(app),  addSplitCommand(app), addTagCommand(app),
+        addTagsCommand(app),    addCvmCommand(app),     addBrandCommand(app), addEnumCommand(app),
+        addIccCommand(app),     addReceiptCommand(app),
     };
 
     if (const auto word = unknownSubcommand(app, args)) {

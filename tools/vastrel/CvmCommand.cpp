@@ -38,7 +38,8 @@ CommandOutput runCvm(const CvmOptions& options) {
                               {"cvmResult", resultJson},
                               {"authenticationMethod",
                                Json{{"value", methodValue}, {"meaning", methodMeaning(method)}}}}),
-                {}, {}};
+                {},
+                {}};
     }
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Right, Align::Left});

@@ -70,7 +70,8 @@ CommandOutput listTable(EnumType type, bool json) {
         return {dumpJson(Json{{"enumType", static_cast<std::uint64_t>(type)},
                               {"enumeration", name},
                               {"strings", std::move(strings)}}),
-                {}, {}};
+                {},
+                {}};
     }
     TextTable table({TextTable::Align::Right, TextTable::Align::Left});
     for (const auto& [key, text] : rows) {
@@ -99,7 +100,8 @@ CommandOutput lookUpValue(EnumType type, const std::string& valueText, bool json
                               {"enumeration", name},
                               {"value", number},
                               {"string", *text}}),
-                {}, {}};
+                {},
+                {}};
     }
     std::string line = name + " " + valueText + ": " + *text + "\n";
     if (DigitStringValues::stringForDigit(value) == kSharedKey) {

@@ -64,11 +64,10 @@ std::string treeText(const Explanation& explanation) {
 
 CommandOutput runExplain(const ExplainOptionsCli& options, const InputSource& input) {
     std::vector<std::string> args;
-    std::transform(options.hex.begin(), options.hex.end(), std::back_inserter(args),
-                   withoutColons);
-    const std::string digits =
-        args.empty() && !input.isTerminal ? cleanHex(withoutColons(input.readAll()))
-                                          : readHexInput(args, input);
+    std::transform(options.hex.begin(), options.hex.end(), std::back_inserter(args), withoutColons);
+    const std::string digits = args.empty() && !input.isTerminal
+                                   ? cleanHex(withoutColons(input.readAll()))
+                                   : readHexInput(args, input);
     const std::vector<std::uint8_t> bytes = bytesOf(digits);
     ExplainOptions explainOptions;
     explainOptions.showSensitive = !log::masksSensitiveData();

@@ -3,6 +3,7 @@
 // message, and a Java exception is never left pending across a further JNI call.
 #include <jni.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -204,6 +205,47 @@ JNIEXPORT jobjectArray JNICALL VASTREL_JNI(split)(JNIEnv* env, jclass, jbyteArra
             env->DeleteLocalRef(piece);
         }
         return pieces;
+    });
+}
+
+JNIEXPORT jlongArray JNICALL VASTREL_JNI(readBer)(JNIEnv* env, jclass, jbyteArray data,
+                                                  jint maxDepth) {
+    return guarded<jlongArray>([&] {
+        const auto bytes = bytesOf(env, data);
+        const auto* input = reinterpret_cast<const std::uint8_t*>(dataOf(bytes));
+        const auto depth = static_cast<std::uint32_t>(std::max<jint>(maxDepth, 0));
+        std::size_t count = 0;
+        int kind = 0;
+        std::size_t offset = 0;
+        std::vector<vastrel_ber_node> nodes(sizeOf(bytes) / 2 + 1);
+        check(env, vastrel_ber_read(input, sizeOf(bytes), depth, nodes.data(), nodes.size(), &count,
+                                    &kind, &offset));
+        std::vector<jlong> packed = {static_cast<jlong>(count), kind, static_cast<jlong>(offset)};
+        for (std::size_t i = 0; i < count; ++i) {
+            const vastrel_ber_node& node = nodes[i];
+            packed.insert(
+                packed.end(),
+                {static_cast<jint>(node.tag), static_cast<jlong>(node.offset),
+                 static_cast<jlong>(node.tag_length), static_cast<jlong>(node.value_offset),
+                 static_cast<jlong>(node.value_length), node.depth, static_cast<jint>(node.parent),
+                 node.subtree_end, node.constructed});
+        }
+        jlongArray array = env->NewLongArray(static_cast<jsize>(packed.size()));
+        if (array == nullptr) throw JavaThrown{};
+        env->SetLongArrayRegion(array, 0, static_cast<jsize>(packed.size()), packed.data());
+        return array;
+    });
+}
+
+JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainJson)(JNIEnv* env, jclass, jbyteArray data,
+                                                      jboolean showSensitive) {
+    return guarded<jbyteArray>([&] {
+        const auto bytes = bytesOf(env, data);
+        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
+            return vastrel_explain_json(reinterpret_cast<const std::uint8_t*>(dataOf(bytes)),
+                                        sizeOf(bytes), showSensitive ? 1 : 0, out, capacity,
+                                        length);
+        });
     });
 }
 

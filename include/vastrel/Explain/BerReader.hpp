@@ -17,12 +17,12 @@ struct BerNode {
 
     std::span<const std::uint8_t> tag;
     std::span<const std::uint8_t> value;
-    std::size_t offset = 0;              // of the first tag byte, in the input
-    std::uint32_t depth = 0;             // 0 at the top level
-    std::uint32_t parent = kNoParent;    // index of the enclosing template
-    std::uint32_t subtreeEnd = 0;        // index one past the last element inside this one
-    std::uint8_t lengthFieldSize = 0;    // 1 for the short form, 2 to 5 for 81 to 84
-    bool constructed = false;            // bit 6 of the first tag byte
+    std::size_t offset = 0;            // of the first tag byte, in the input
+    std::uint32_t depth = 0;           // 0 at the top level
+    std::uint32_t parent = kNoParent;  // index of the enclosing template
+    std::uint32_t subtreeEnd = 0;      // index one past the last element inside this one
+    std::uint8_t lengthFieldSize = 0;  // 1 for the short form, 2 to 5 for 81 to 84
+    bool constructed = false;          // bit 6 of the first tag byte
 
     // The tag as a number, its bytes big-endian (9F26 is 0x9F26); tags longer than four bytes,
     // which no EMV element has, give 0xFFFFFFFF.
@@ -51,7 +51,7 @@ struct BerError {
 };
 
 struct BerReadResult {
-    std::vector<BerNode> nodes;    // everything read, up to the error if there is one
+    std::vector<BerNode> nodes;  // everything read, up to the error if there is one
     std::optional<BerError> error;
     std::size_t paddingBytes = 0;  // 00 bytes skipped where a tag was due
 

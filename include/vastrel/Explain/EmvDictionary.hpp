@@ -10,10 +10,10 @@ namespace vastrel {
 
 // How a data element's value is written.
 enum class DataFormat : std::uint8_t {
-    Binary,        // b
-    Numeric,       // n: BCD digits, right-aligned, leading zeros
-    CompressedNumeric,  // cn: BCD digits, left-aligned, padded with F
-    Alphanumeric,  // an
+    Binary,               // b
+    Numeric,              // n: BCD digits, right-aligned, leading zeros
+    CompressedNumeric,    // cn: BCD digits, left-aligned, padded with F
+    Alphanumeric,         // an
     AlphanumericSpecial,  // ans
 };
 
@@ -31,7 +31,7 @@ struct TagInfo {
     std::string_view name;
     DataFormat format = DataFormat::Binary;
     DataSource source = DataSource::Card;
-    std::string_view templates;  // where it appears: "77, 80"; empty when anywhere or alone
+    std::string_view templates;   // where it appears: "77, 80"; empty when anywhere or alone
     std::uint16_t minLength = 0;  // bytes
     std::uint16_t maxLength = kNoLimit;
     // Any for the meaning all kernels share; otherwise the scheme whose kernel or

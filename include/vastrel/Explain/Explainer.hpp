@@ -21,15 +21,15 @@ struct ExplainOptions {
 // One element of an explanation, in document order: a template is followed by its subtree,
 // which ends at index subtreeEnd.
 struct ExplainedElement {
-    std::string tag;          // hex, "9F26"
-    std::string_view name;    // from EmvDictionary, in the AID's scheme; "Unknown" if absent
-    std::size_t length = 0;   // of the value, in bytes
-    std::string value;        // hex, upper case; card data masked with '*' unless shown
-    Findings meaning;         // what the value says, for the elements that have a decoder
+    std::string tag;         // hex, "9F26"
+    std::string_view name;   // from EmvDictionary, in the AID's scheme; "Unknown" if absent
+    std::size_t length = 0;  // of the value, in bytes
+    std::string value;       // hex, upper case; card data masked with '*' unless shown
+    Findings meaning;        // what the value says, for the elements that have a decoder
     std::uint32_t depth = 0;
     std::uint32_t subtreeEnd = 0;
     bool constructed = false;
-    bool decoded = false;     // a decoder read the value (meaning may still be a complaint)
+    bool decoded = false;  // a decoder read the value (meaning may still be a complaint)
 };
 
 struct ExplainedStatus {

@@ -15,10 +15,10 @@ using Findings = std::vector<std::string>;
 
 // What a decoder may need besides the value: taken from the other elements of the same data.
 struct DecodeContext {
-    PaymentScheme scheme = PaymentScheme::Any;   // of the AID (4F, 84 or 9F06)
-    std::optional<std::uint16_t> currency;       // 5F2A, as its ISO 4217 number
-    std::optional<int> currencyExponent;         // 5F36
-    bool showSensitive = false;                  // card numbers in full
+    PaymentScheme scheme = PaymentScheme::Any;  // of the AID (4F, 84 or 9F06)
+    std::optional<std::uint16_t> currency;      // 5F2A, as its ISO 4217 number
+    std::optional<int> currencyExponent;        // 5F36
+    bool showSensitive = false;                 // card numbers in full
 };
 
 // Pure functions from an element's value to its findings: every bit of the bit maps (TVR,

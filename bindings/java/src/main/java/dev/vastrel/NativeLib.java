@@ -28,6 +28,10 @@ final class NativeLib {
 
     static native byte[][] split(byte[] hex);
 
+    static native long[] readBer(byte[] data, int maxDepth);
+
+    static native byte[] explainJson(byte[] data, boolean showSensitive);
+
     /** A list handle; hex null is absent. */
     static native long decode(byte[] hex);
 

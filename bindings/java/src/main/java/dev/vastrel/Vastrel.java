@@ -72,6 +72,40 @@ public final class Vastrel {
     }
 
     /**
+     * Reads data strictly as BER-TLV: every template expanded, 00 padding skipped, nested at
+     * most maxDepth levels (0 for the default, 32). Malformed data is reported in the result,
+     * with the elements read before the error.
+     */
+    public static BerRead readBer(byte[] data, int maxDepth) {
+        if (data == null) {
+            throw new NullPointerException("data is null");
+        }
+        // count, error kind, error offset, then nine numbers per node
+        long[] packed = NativeLib.readBer(data, maxDepth);
+        int count = (int) packed[0];
+        List<BerNode> nodes = new ArrayList<>(count);
+        for (int i = 0, at = 3; i < count; ++i, at += 9) {
+            nodes.add(new BerNode((int) packed[at], packed[at + 1], (int) packed[at + 2],
+                    packed[at + 3], packed[at + 4], (int) packed[at + 5], (int) packed[at + 6],
+                    (int) packed[at + 7], packed[at + 8] != 0));
+        }
+        BerRead.BerError error = packed[1] == 0 ? null
+                : BerRead.BerError.values()[(int) packed[1] - 1];
+        return new BerRead(Collections.unmodifiableList(nodes), error, packed[2]);
+    }
+
+    /**
+     * The explanation of data (an R-APDU or plain TLV data) as one JSON object, with every
+     * element named and its value decoded; card data is masked unless showSensitive.
+     */
+    public static String explainJson(byte[] data, boolean showSensitive) {
+        if (data == null) {
+            throw new NullPointerException("data is null");
+        }
+        return Utf8.string(NativeLib.explainJson(data, showSensitive));
+    }
+
+    /**
      * Sends the library's log lines to handler, on the thread that logs; null restores the
      * default, which writes them to stderr.
      */

@@ -1,0 +1,73 @@
+#include <algorithm>
+#include <span>
+
+#include "CApiSupport.hpp"
+#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Explain/Explainer.hpp"
+
+using namespace vastrel;
+using namespace vastrel::capi;
+
+namespace {
+
+std::span<const std::uint8_t> bytesArgument(const std::uint8_t* data, std::size_t length) {
+    if (length != 0) require(data, "data");
+    return {data, length};
+}
+
+vastrel_ber_node cNode(const BerNode& node, std::span<const std::uint8_t> data) {
+    vastrel_ber_node out{};
+    out.offset = node.offset;
+    out.tag_length = node.tag.size();
+    out.value_offset = static_cast<std::size_t>(node.value.data() - data.data());
+    out.value_length = node.value.size();
+    out.tag = node.tagNumber();
+    out.depth = node.depth;
+    out.parent = node.parent;
+    out.subtree_end = node.subtreeEnd;
+    out.constructed = node.constructed ? 1 : 0;
+    return out;
+}
+
+static_assert(static_cast<int>(BerErrorKind::TruncatedTag) + 1 == VASTREL_BER_TRUNCATED_TAG &&
+              static_cast<int>(BerErrorKind::TooDeep) + 1 == VASTREL_BER_TOO_DEEP);
+
+}  // namespace
+
+extern "C" {
+
+vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max_depth,
+                                vastrel_ber_node* nodes, size_t node_capacity, size_t* node_count,
+                                int* error_kind, size_t* error_offset) {
+    return guarded([&] {
+        const auto input = bytesArgument(data, length);
+        if (node_capacity != 0) require(nodes, "nodes");
+        require(node_count, "node_count");
+        require(error_kind, "error_kind");
+        require(error_offset, "error_offset");
+        const BerReadResult result =
+            BerReader::read(input, max_depth == 0 ? BerReader::kDefaultMaxDepth : max_depth);
+        *node_count = result.nodes.size();
+        *error_kind = result.error ? static_cast<int>(result.error->kind) + 1 : VASTREL_BER_OK;
+        *error_offset = result.error ? result.error->offset : 0;
+        const std::size_t written = std::min(node_capacity, result.nodes.size());
+        for (std::size_t i = 0; i < written; ++i)
+            nodes[i] = cNode(result.nodes[i], input);
+        if (written < result.nodes.size()) {
+            return fail(VASTREL_ERROR_BUFFER_TOO_SMALL, "more nodes were read than fit");
+        }
+        return VASTREL_OK;
+    });
+}
+
+vastrel_status vastrel_explain_json(const uint8_t* data, size_t length, int show_sensitive,
+                                    char* out, size_t out_capacity, size_t* out_length) {
+    return guarded([&] {
+        ExplainOptions options;
+        options.showSensitive = show_sensitive != 0;
+        const Explanation explanation = Explainer::explain(bytesArgument(data, length), options);
+        return writeText(Explainer::toJson(explanation), out, out_capacity, out_length);
+    });
+}
+
+}  // extern "C"
