@@ -47,6 +47,13 @@ inline void require(const void* pointer, const char* what) {
 // The caller's text: NULL with length 0 is "", NULL with any other length a failure.
 std::string_view textArgument(const char* text, std::size_t length, const char* what);
 
+// The bytes at data; throws NULL_ARGUMENT when data is null and length is not 0.
+inline std::span<const std::uint8_t> bytesArgument(const std::uint8_t* data, std::size_t length,
+                                                   const char* what) {
+    if (length != 0) require(data, what);
+    return {data, length};
+}
+
 // Like textArgument, but NULL (whatever the length) is absent.
 std::optional<std::string_view> optionalTextArgument(const char* text, std::size_t length);
 

@@ -10,11 +10,6 @@ using namespace vastrel::capi;
 
 namespace {
 
-std::span<const std::uint8_t> bytesArgument(const std::uint8_t* data, std::size_t length) {
-    if (length != 0) require(data, "data");
-    return {data, length};
-}
-
 vastrel_ber_node cNode(const BerNode& node, std::span<const std::uint8_t> data) {
     vastrel_ber_node out{};
     out.offset = node.offset;
@@ -40,7 +35,7 @@ vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max
                                 vastrel_ber_node* nodes, size_t node_capacity, size_t* node_count,
                                 int* error_kind, size_t* error_offset) {
     return guarded([&] {
-        const auto input = bytesArgument(data, length);
+        const auto input = bytesArgument(data, length, "data");
         if (node_capacity != 0) require(nodes, "nodes");
         require(node_count, "node_count");
         require(error_kind, "error_kind");
@@ -65,7 +60,8 @@ vastrel_status vastrel_explain_json(const uint8_t* data, size_t length, int show
     return guarded([&] {
         ExplainOptions options;
         options.showSensitive = show_sensitive != 0;
-        const Explanation explanation = Explainer::explain(bytesArgument(data, length), options);
+        const Explanation explanation =
+            Explainer::explain(bytesArgument(data, length, "data"), options);
         return writeText(Explainer::toJson(explanation), out, out_capacity, out_length);
     });
 }

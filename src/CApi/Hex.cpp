@@ -17,9 +17,8 @@ vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t*
 vastrel_status vastrel_bytes_to_hex(const uint8_t* bytes, size_t length, char* out,
                                     size_t out_capacity, size_t* out_length) {
     return guarded([&] {
-        if (length != 0) require(bytes, "bytes");
-        return writeText(TLVUtility::dataToHexString({bytes, length}), out, out_capacity,
-                         out_length);
+        return writeText(TLVUtility::dataToHexString(bytesArgument(bytes, length, "bytes")), out,
+                         out_capacity, out_length);
     });
 }
 

@@ -1,7 +1,6 @@
 #include "vastrel/Explain/ApplicationIdentifier.hpp"
 
-#include <algorithm>
-#include <array>
+#include "Codec/CodecRules.hpp"
 
 namespace vastrel {
 namespace {
@@ -55,14 +54,11 @@ constexpr KnownAid kKnownAids[] = {
     {"A0000006721010", PaymentScheme::Troy, "Troy"},
 };
 
-constexpr int hexValue(char c) { return c <= '9' ? c - '0' : c - 'A' + 10; }
-
 bool startsWith(std::span<const std::uint8_t> aid, std::string_view prefixHex) {
     const std::size_t bytes = prefixHex.size() / 2;
     if (aid.size() < bytes) return false;
     for (std::size_t i = 0; i < bytes; ++i) {
-        const int byte = hexValue(prefixHex[2 * i]) << 4 | hexValue(prefixHex[2 * i + 1]);
-        if (aid[i] != byte) return false;
+        if (aid[i] != codec::hexByte(prefixHex[2 * i], prefixHex[2 * i + 1])) return false;
     }
     return true;
 }

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
+#include "vastrel/Tags/SensitiveData.hpp"
+
 namespace vastrel::explain {
 namespace {
 
-constexpr std::size_t kShownLeading = 6;
-constexpr std::size_t kShownTrailing = 4;
 constexpr std::size_t kExpiryAndServiceCode = 7;
 
 constexpr std::uint32_t kPan = 0x5A;
@@ -21,12 +21,6 @@ constexpr std::uint32_t kHiddenWhole[] = {
 };
 
 void star(std::span<char> digits) { std::fill(digits.begin(), digits.end(), '*'); }
-
-// The digits of a card number up to its end, keeping its first six and last four.
-void maskPanDigits(std::span<char> pan) {
-    if (pan.size() <= kShownLeading + kShownTrailing) return;
-    star(pan.subspan(kShownLeading, pan.size() - kShownLeading - kShownTrailing));
-}
 
 std::size_t withoutPadding(std::span<const char> hex) {
     std::size_t end = hex.size();
@@ -43,7 +37,7 @@ void maskTrack2(std::span<char> hex) {
         star(hex.first(end));  // not track 2 after all: hide it whole
         return;
     }
-    maskPanDigits(hex.first(separator));
+    SensitiveData::maskCardNumber(hex.first(separator));
     const std::size_t shownEnd = std::min(end, separator + 1 + kExpiryAndServiceCode);
     star(hex.subspan(shownEnd, end - shownEnd));
 }
@@ -52,7 +46,7 @@ void maskTrack2(std::span<char> hex) {
 
 bool maskCardData(std::uint32_t tag, PaymentScheme scheme, std::span<char> valueHex) {
     if (tag == kPan) {
-        maskPanDigits(valueHex.first(withoutPadding(valueHex)));
+        SensitiveData::maskCardNumber(valueHex.first(withoutPadding(valueHex)));
         return true;
     }
     if (tag == kTrack2 || (tag == kKernelTrack2 && scheme != PaymentScheme::Visa)) {

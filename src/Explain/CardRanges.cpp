@@ -1,5 +1,6 @@
 #include "vastrel/Explain/CardRanges.hpp"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace vastrel {
@@ -47,10 +48,9 @@ std::vector<PaymentScheme> CardRanges::schemesOf(std::string_view pan) {
         if (range.digits > available) continue;
         const std::uint32_t prefix = prefixes[range.digits];
         if (prefix < range.first || prefix > range.last) continue;
-        bool listed = false;
-        for (const auto scheme : schemes)
-            listed = listed || scheme == range.scheme;
-        if (!listed) schemes.push_back(range.scheme);
+        if (std::find(schemes.begin(), schemes.end(), range.scheme) == schemes.end()) {
+            schemes.push_back(range.scheme);
+        }
     }
     return schemes;
 }

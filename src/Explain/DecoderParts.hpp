@@ -5,10 +5,12 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "Codec/HexEncode.hpp"
 #include "vastrel/Explain/FieldDecoders.hpp"
 
 namespace vastrel::explain {
@@ -22,10 +24,17 @@ using ByteBits = std::array<std::string_view, 8>;
 bool requireLength(Value value, std::size_t expected, Findings& out);
 
 // Two hex digits per byte, upper case.
-std::string hex(Value value);
+inline std::string hex(Value value) { return codec::hexUpper(value); }
 
-// The BCD digits of value, or nullopt-like empty when a nibble is not a digit.
+// The BCD digits of value; empty when a nibble is not a digit.
 std::string bcdDigits(Value value);
+
+// The bytes of value as one unsigned number, first byte most significant.
+std::uint64_t bigEndian(Value value);
+
+// The BCD number in value when it is at most max (leading zeros allowed); nullopt when a
+// nibble is not a digit, the value is empty or the number is larger.
+std::optional<int> smallBcdNumber(Value value, int max);
 
 // Bit maps (BitFields.cpp)
 void terminalVerificationResults(Value value, Findings& out);
@@ -59,10 +68,6 @@ void applicationId(Value value, Findings& out);
 void cardNumber(Value value, const DecodeContext& context, Findings& out);
 void track2(Value value, const DecodeContext& context, Findings& out);
 void serviceCode(Value value, Findings& out);
-
-// The card number with its first six and last four digits shown, '*' between; unchanged
-// when it has ten digits or fewer, or when shown in full.
-std::string maskedPan(std::string_view digits, bool showSensitive);
 
 // The meaning of each of the three service code digits.
 void serviceCodeDigits(std::string_view code, Findings& out);

@@ -4,6 +4,7 @@
 
 #include "CardDataMask.hpp"
 #include "Codec/HexEncode.hpp"
+#include "DecoderParts.hpp"
 #include "vastrel/Explain/ApplicationIdentifier.hpp"
 #include "vastrel/Explain/CardRanges.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
@@ -30,15 +31,6 @@ const BerNode* firstWithTag(const std::vector<BerNode>& nodes, std::uint32_t tag
     return found == nodes.end() ? nullptr : &*found;
 }
 
-std::optional<int> bcdNumber(std::span<const std::uint8_t> value) {
-    int number = 0;
-    for (const auto byte : value) {
-        if ((byte >> 4) > 9 || (byte & 0x0F) > 9) return std::nullopt;
-        number = number * 100 + (byte >> 4) * 10 + (byte & 0x0F);
-    }
-    return value.empty() ? std::nullopt : std::optional<int>(number);
-}
-
 // What the decoders need from the rest of the data: the AID's scheme and the currency.
 DecodeContext contextOf(const std::vector<BerNode>& nodes, bool showSensitive) {
     DecodeContext context;
@@ -50,14 +42,12 @@ DecodeContext contextOf(const std::vector<BerNode>& nodes, bool showSensitive) {
         if (context.scheme != PaymentScheme::Any) break;
     }
     if (const BerNode* currency = firstWithTag(nodes, kCurrencyTag)) {
-        if (const auto code = bcdNumber(currency->value); code && *code < 1000) {
+        if (const auto code = explain::smallBcdNumber(currency->value, 999)) {
             context.currency = static_cast<std::uint16_t>(*code);
         }
     }
     if (const BerNode* exponent = firstWithTag(nodes, kCurrencyExponentTag)) {
-        if (const auto digits = bcdNumber(exponent->value); digits && *digits <= 9) {
-            context.currencyExponent = *digits;
-        }
+        context.currencyExponent = explain::smallBcdNumber(exponent->value, 9);
     }
     return context;
 }
@@ -89,27 +79,18 @@ std::string rangeCheck(std::string_view pan, PaymentScheme aidScheme) {
                    : "Range check: " + names + " range, but the AID is " + aidName + "'s";
 }
 
-// The card number's digits (from 5A, else from track 2), unmasked.
-std::string panDigits(const std::vector<BerNode>& nodes) {
-    if (const BerNode* pan = firstWithTag(nodes, kPanTag)) {
-        std::string digits = codec::hexUpper(pan->value);
-        digits.erase(std::find(digits.begin(), digits.end(), 'F'), digits.end());
-        return digits;
-    }
-    if (const BerNode* track2 = firstWithTag(nodes, kTrack2Tag)) {
-        std::string digits = codec::hexUpper(track2->value);
-        digits.erase(std::find(digits.begin(), digits.end(), 'D'), digits.end());
-        return digits;
-    }
-    return {};
-}
-
+// The check goes under the card number (5A), else under track 2, whose digits it reads:
+// up to the F padding or the separator D.
 void addRangeCheck(Explanation& explanation, const std::vector<BerNode>& nodes,
                    PaymentScheme scheme) {
-    const std::string pan = panDigits(nodes);
-    if (pan.empty() || scheme == PaymentScheme::Any) return;
+    if (scheme == PaymentScheme::Any) return;
     const BerNode* holder = firstWithTag(nodes, kPanTag);
     if (holder == nullptr) holder = firstWithTag(nodes, kTrack2Tag);
+    if (holder == nullptr) return;
+    std::string pan = codec::hexUpper(holder->value);
+    pan.erase(std::find(pan.begin(), pan.end(), holder->tagNumber() == kPanTag ? 'F' : 'D'),
+              pan.end());
+    if (pan.empty()) return;
     explanation.elements[static_cast<std::size_t>(holder - nodes.data())].meaning.push_back(
         rangeCheck(pan, scheme));
 }

@@ -1,27 +1,22 @@
 // Values in standard formats: dates and times, amounts, ISO codes, text, AIDs and card data.
+#include <algorithm>
 #include <string_view>
 
 #include "DecoderParts.hpp"
 #include "vastrel/Explain/ApplicationIdentifier.hpp"
 #include "vastrel/Explain/CardRanges.hpp"
 #include "vastrel/Explain/IsoCodes.hpp"
+#include "vastrel/Tags/SensitiveData.hpp"
 
 namespace vastrel::explain {
 namespace {
 
-constexpr char kHexDigits[] = "0123456789ABCDEF";
-constexpr std::size_t kShownLeading = 6;
-constexpr std::size_t kShownTrailing = 4;
-
 // The BCD value of the three-digit code in two bytes (0840 is 840), or -1.
 int threeDigitCode(Value value, Findings& out) {
     if (!requireLength(value, 2, out)) return -1;
-    const std::string digits = bcdDigits(value);
-    if (digits.empty() || digits[0] != '0') {
-        out.push_back(hex(value) + " is not a three-digit code");
-        return -1;
-    }
-    return std::stoi(digits);
+    const std::optional<int> code = smallBcdNumber(value, 999);
+    if (!code) out.push_back(hex(value) + " is not a three-digit code");
+    return code.value_or(-1);
 }
 
 std::string twoDigits(std::string_view digits, std::size_t at) {
@@ -67,6 +62,12 @@ void amount(const std::string& digits, const DecodeContext& context, Findings& o
 
 bool printable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
 
+// The card number with its first six and last four digits shown, unless shown in full.
+std::string maskedPan(std::string digits, bool showSensitive) {
+    if (!showSensitive) SensitiveData::maskCardNumber(digits);
+    return digits;
+}
+
 }  // namespace
 
 bool requireLength(Value value, std::size_t expected, Findings& out) {
@@ -74,16 +75,6 @@ bool requireLength(Value value, std::size_t expected, Findings& out) {
     out.push_back("Expected " + std::to_string(expected) + (expected == 1 ? " byte" : " bytes") +
                   ", found " + std::to_string(value.size()));
     return false;
-}
-
-std::string hex(Value value) {
-    std::string text;
-    text.reserve(value.size() * 2);
-    for (const auto byte : value) {
-        text.push_back(kHexDigits[byte >> 4]);
-        text.push_back(kHexDigits[byte & 0x0F]);
-    }
-    return text;
 }
 
 std::string bcdDigits(Value value) {
@@ -94,11 +85,21 @@ std::string bcdDigits(Value value) {
     return digits;
 }
 
-std::string maskedPan(std::string_view digits, bool showSensitive) {
-    std::string pan(digits);
-    if (showSensitive || pan.size() <= kShownLeading + kShownTrailing) return pan;
-    std::fill(pan.begin() + kShownLeading, pan.end() - kShownTrailing, '*');
-    return pan;
+std::uint64_t bigEndian(Value value) {
+    std::uint64_t number = 0;
+    for (const auto byte : value)
+        number = number << 8 | byte;
+    return number;
+}
+
+std::optional<int> smallBcdNumber(Value value, int max) {
+    const std::string digits = bcdDigits(value);
+    if (digits.empty()) return std::nullopt;
+    const std::size_t first = std::min(digits.find_first_not_of('0'), digits.size() - 1);
+    constexpr std::size_t kMaxDigits = 9;  // every such number fits an int
+    if (digits.size() - first > kMaxDigits) return std::nullopt;
+    const int number = std::stoi(digits.substr(first));
+    return number <= max ? std::optional<int>(number) : std::nullopt;
 }
 
 void date(Value value, Findings& out) {
@@ -138,10 +139,7 @@ void numericAmount(Value value, const DecodeContext& context, Findings& out) {
 
 void binaryAmount(Value value, const DecodeContext& context, Findings& out) {
     if (!requireLength(value, 4, out)) return;
-    std::uint64_t minorUnits = 0;
-    for (const auto byte : value)
-        minorUnits = minorUnits << 8 | byte;
-    amount(std::to_string(minorUnits), context, out);
+    amount(std::to_string(bigEndian(value)), context, out);
 }
 
 void currencyCode(Value value, Findings& out) {

@@ -42,11 +42,16 @@ std::string SensitiveData::maskedValue(std::string_view tag, std::string_view va
     if (codec::equalsIgnoringCase(tag, kCardNumberTag) &&
         value.size() > kShownLeadingDigits + kShownTrailingDigits) {
         std::string masked(value);
-        std::fill(masked.begin() + kShownLeadingDigits, masked.end() - kShownTrailingDigits, '*');
+        maskCardNumber(masked);
         return masked;
     }
     if (isSensitive(tag) || codec::isConstructedTag(tag)) return lengthOnly(value);
     return std::string(value);
+}
+
+void SensitiveData::maskCardNumber(std::span<char> digits) noexcept {
+    if (digits.size() <= kShownLeadingDigits + kShownTrailingDigits) return;
+    std::fill(digits.begin() + kShownLeadingDigits, digits.end() - kShownTrailingDigits, '*');
 }
 
 }  // namespace vastrel

@@ -1,13 +1,12 @@
 // `vastrel explain`: the strict reading of EMV data, every element named and its value
 // decoded, as a tree of plain words or as JSON.
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "Codec/HexDecode.hpp"
 #include "Commands.hpp"
 #include "HexInput.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
 #include "vastrel/Explain/Explainer.hpp"
 #include "vastrel/Platform/Log.hpp"
 
@@ -21,19 +20,6 @@ struct ExplainOptionsCli {
 
 // Hex digits per line of a value; longer values continue on the next lines.
 constexpr std::size_t kValueWrap = 64;
-
-std::vector<std::uint8_t> bytesOf(const std::string& cleanDigits) {
-    std::vector<std::uint8_t> bytes(cleanDigits.size() / 2);
-    codec::decodeHexDigitPairs(reinterpret_cast<const unsigned char*>(cleanDigits.data()),
-                               bytes.size(), bytes.data());
-    return bytes;
-}
-
-// Colons are byte separators in many trace formats; everything else cleanHex removes.
-std::string withoutColons(std::string text) {
-    std::erase(text, ':');
-    return text;
-}
 
 void appendElement(std::string& out, const ExplainedElement& element) {
     const std::string indent(2 * element.depth, ' ');
@@ -63,12 +49,8 @@ std::string treeText(const Explanation& explanation) {
 }
 
 CommandOutput runExplain(const ExplainOptionsCli& options, const InputSource& input) {
-    std::vector<std::string> args;
-    std::transform(options.hex.begin(), options.hex.end(), std::back_inserter(args), withoutColons);
-    const std::string digits = args.empty() && !input.isTerminal
-                                   ? cleanHex(withoutColons(input.readAll()))
-                                   : readHexInput(args, input);
-    const std::vector<std::uint8_t> bytes = bytesOf(digits);
+    // Colons are byte separators in many trace formats.
+    const Bytes bytes = TLVUtility::dataWithHexString(readHexInput(options.hex, input, ":"));
     ExplainOptions explainOptions;
     explainOptions.showSensitive = !log::masksSensitiveData();
     const Explanation explanation = Explainer::explain(bytes, explainOptions);

@@ -36,12 +36,12 @@ std::size_t digitsStart(std::string_view text) {
 
 }  // namespace
 
-std::string cleanHex(std::string_view text, std::string_view what) {
+std::string cleanHex(std::string_view text, std::string_view what, std::string_view separators) {
     std::string digits;
     digits.reserve(text.size());
     for (std::size_t i = digitsStart(text); i < text.size(); ++i) {
         const char c = text[i];
-        if (isBlank(c)) continue;
+        if (isBlank(c) || separators.find(c) != std::string_view::npos) continue;
         if (!codec::isHexDigit(static_cast<unsigned char>(c))) {
             std::ostringstream message;
             message << "in " << what << ": " << describeCharacter(c) << " at position " << i + 1
@@ -62,17 +62,18 @@ std::string InputSource::readAll() const {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-std::string readHexInput(const std::vector<std::string>& args, const InputSource& input) {
+std::string readHexInput(const std::vector<std::string>& args, const InputSource& input,
+                         std::string_view separators) {
     if (!args.empty()) {
         std::string joined;
         for (const auto& arg : args)
             joined += arg + ' ';
-        return cleanHex(joined);
+        return cleanHex(joined, "hex data", separators);
     }
     if (input.isTerminal) {
         throw UsageError("no HEX given: pass it as an argument or pipe it on standard input");
     }
-    return cleanHex(input.readAll());
+    return cleanHex(input.readAll(), "hex data", separators);
 }
 
 }  // namespace vastrel::tool

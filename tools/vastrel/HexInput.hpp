@@ -12,12 +12,14 @@ namespace vastrel::tool {
 // removed, as is one leading 0x or 0X, and the digits are upper-cased. Throws InputError
 // when nothing is left, when a character is not a hex digit (naming it and its position in
 // text, counted from 1) or when the digits do not make whole bytes. `what` names the input
-// in those messages ("hex data", "tag '9F3'").
-std::string cleanHex(std::string_view text, std::string_view what = "hex data");
+// in those messages ("hex data", "tag '9F3'"). Characters in separators are removed too.
+std::string cleanHex(std::string_view text, std::string_view what = "hex data",
+                     std::string_view separators = "");
 
 // The hex data of a subcommand, cleaned: the arguments joined, or all of input when there
 // are none. Throws UsageError when there are no arguments and input is a terminal (nothing
-// was piped in), InputError as cleanHex does.
-std::string readHexInput(const std::vector<std::string>& args, const InputSource& input);
+// was piped in), InputError as cleanHex does, which also removes the characters in separators.
+std::string readHexInput(const std::vector<std::string>& args, const InputSource& input,
+                         std::string_view separators = "");
 
 }  // namespace vastrel::tool

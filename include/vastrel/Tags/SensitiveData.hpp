@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,10 @@ class SensitiveData {
     // becomes its length, "<8 bytes>". Every other value, and an empty one, is returned
     // unchanged.
     static std::string maskedValue(std::string_view tag, std::string_view value);
+
+    // Masks the digits of a card number in place: more than ten digits keep their first six
+    // and last four, with '*' in between; ten or fewer are left as they are.
+    static void maskCardNumber(std::span<char> digits) noexcept;
 };
 
 }  // namespace vastrel
