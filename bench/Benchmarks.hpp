@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+
+#include <benchmark/benchmark.h>
+
 #include "vastrel/Platform/Log.hpp"
 
 // Registration of the benchmark families, called from main in this order so that the
@@ -11,6 +15,12 @@ void registerLookupBenchmarks();
 void registerReceiptBenchmarks();
 void registerCApiBenchmarks();
 void registerExplainBenchmarks();
+void registerScaleBenchmarks();
+
+// The splitter and the nested decoder (logging on or off) on one input, with their
+// allocations per element and the input's size in bytes among the counters.
+void split(benchmark::State& state, const std::string& hex);
+void decode(benchmark::State& state, const std::string& hex, bool logging);
 
 // Turns the library's log on or off for one benchmark run and back on afterwards. main
 // installs a handler that drops every line, so "on" measures building the lines.

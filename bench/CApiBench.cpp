@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "AllocationCounter.hpp"
 #include "Benchmarks.hpp"
 #include "Workload.hpp"
 #include "vastrel/vastrel.h"
@@ -16,6 +17,7 @@ namespace {
 void capiDecode(benchmark::State& state, const std::string& hex) {
     vastrel_set_logging_enabled(0);
     std::size_t count = 0;
+    const AllocationMeter meter;
     for (auto _ : state) {
         vastrel_tlv_list* list = nullptr;
         vastrel_tlv_decode(hex.data(), hex.size(), &list);
@@ -23,6 +25,7 @@ void capiDecode(benchmark::State& state, const std::string& hex) {
         benchmark::DoNotOptimize(count);
         vastrel_tlv_list_free(list);
     }
+    meter.report(state, static_cast<double>(count));
     vastrel_set_logging_enabled(1);
     state.counters["top_level"] = static_cast<double>(count);
 }

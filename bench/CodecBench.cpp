@@ -4,6 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "AllocationCounter.hpp"
 #include "Benchmarks.hpp"
 #include "Floor.hpp"
 #include "Summary.hpp"
@@ -60,28 +61,45 @@ void hexEncode(benchmark::State& state, const std::string& hex) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(hex.size()));
 }
 
+std::size_t countAll(const std::vector<TLVObject>& elements) {
+    std::size_t count = elements.size();
+    for (const TLVObject& element : elements) {
+        if (element.innerTlvs()) count += countAll(*element.innerTlvs());
+    }
+    return count;
+}
+
+}  // namespace
+
 void split(benchmark::State& state, const std::string& hex) {
     std::size_t count = 0;
+    const AllocationMeter meter;
     for (auto _ : state) {
         std::vector<std::string> pieces = TLVParser::splitTLVData(hex);
         count = pieces.size();
         benchmark::DoNotOptimize(pieces.data());
     }
+    meter.report(state, static_cast<double>(count));
     state.counters["elements"] = static_cast<double>(count);
+    state.counters["input_bytes"] = static_cast<double>(hex.size() / 2);
 }
 
 void decode(benchmark::State& state, const std::string& hex, bool logging) {
     const LoggingScope scope(logging);
+    const auto all = TLVDecoder::decodeWithTLVString(hex);
+    const double elements = all ? static_cast<double>(countAll(*all)) : 0;
     std::size_t count = 0;
+    const AllocationMeter meter;
     for (auto _ : state) {
-        std::optional<std::vector<TLVObject>> elements = TLVDecoder::decodeWithTLVString(hex);
-        count = elements ? elements->size() : 0;
-        benchmark::DoNotOptimize(elements);
+        std::optional<std::vector<TLVObject>> decoded = TLVDecoder::decodeWithTLVString(hex);
+        count = decoded ? decoded->size() : 0;
+        benchmark::DoNotOptimize(decoded);
     }
+    meter.report(state, elements);
     state.counters["top_level"] = static_cast<double>(count);
+    state.counters["elements"] = elements;
+    state.counters["input_bytes"] = static_cast<double>(hex.size() / 2);
 }
-
-}  // namespace
 
 void registerCodecBenchmarks() {
     const Workload& data = workload();

@@ -7,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "AllocationCounter.hpp"
 #include "Benchmarks.hpp"
 #include "Codec/HexDecode.hpp"
 #include "Workload.hpp"
@@ -28,16 +29,19 @@ std::span<const std::uint8_t> hexToScratch(const std::string& hex,
 void strictRead(benchmark::State& state, const std::string& hex) {
     std::vector<std::uint8_t> scratch;
     BerReadResult result;
+    const AllocationMeter meter;
     for (auto _ : state) {
         BerReader::read(hexToScratch(hex, scratch), result);
         benchmark::DoNotOptimize(result.nodes.data());
         benchmark::ClobberMemory();
     }
+    meter.report(state, static_cast<double>(result.nodes.size()));
     state.counters["elements"] = static_cast<double>(result.nodes.size());
 }
 
 void explain(benchmark::State& state, const std::string& hex, bool json) {
     std::vector<std::uint8_t> scratch;
+    const AllocationMeter meter;
     for (auto _ : state) {
         const Explanation explanation = Explainer::explain(hexToScratch(hex, scratch));
         if (json) {
@@ -46,6 +50,7 @@ void explain(benchmark::State& state, const std::string& hex, bool json) {
         }
         benchmark::DoNotOptimize(explanation.elements.data());
     }
+    meter.report(state);
 }
 
 // Every tag of the dictionary in turn, each under a scheme that varies with it.

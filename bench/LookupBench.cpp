@@ -1,11 +1,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "AllocationCounter.hpp"
 #include "Benchmarks.hpp"
 #include "Workload.hpp"
 #include "vastrel/Card/CreditCardHelper.hpp"
@@ -62,9 +64,20 @@ const BlobTags& blobTags() {
 
 void tagName(benchmark::State& state, const std::vector<std::string>& tags) {
     Cycle<std::string> cycle(tags);
+    const AllocationMeter meter;
     for (auto _ : state) {
         std::string name = Tag::tagName(cycle.next());
         benchmark::DoNotOptimize(name.data());
+    }
+    meter.report(state);
+    state.counters["tags"] = static_cast<double>(tags.size());
+}
+
+void tagNameView(benchmark::State& state, const std::vector<std::string>& tags) {
+    Cycle<std::string> cycle(tags);
+    for (auto _ : state) {
+        std::string_view name = Tag::tagNameView(cycle.next());
+        benchmark::DoNotOptimize(name);
     }
     state.counters["tags"] = static_cast<double>(tags.size());
 }
@@ -107,6 +120,8 @@ void enumString(benchmark::State& state) {
 void registerLookupBenchmarks() {
     benchmark::RegisterBenchmark("tagName/hit", &tagName, blobTags().listed);
     benchmark::RegisterBenchmark("tagName/miss", &tagName, blobTags().unlisted);
+    benchmark::RegisterBenchmark("tagNameView/hit", &tagNameView, blobTags().listed);
+    benchmark::RegisterBenchmark("tagNameView/miss", &tagNameView, blobTags().unlisted);
     benchmark::RegisterBenchmark("getCardTypeFromRedactedPan/pans", &cardBrand);
     benchmark::RegisterBenchmark("valueForAnEnumType", &enumString);
 }

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <benchmark/benchmark.h>
+
+#include "PeakMemory.hpp"
 
 // The closing table of a run: every figure's median with its ratio to the floor of the
 // same run and the target it has to meet.
@@ -18,13 +22,15 @@ inline constexpr const char* kNestedFloor = "floor/nested";
 inline constexpr const char* kFlatSimdFloor = "floor-simd/flat";
 inline constexpr const char* kNestedSimdFloor = "floor-simd/nested";
 
-// Prints what the console reporter prints, and after the last benchmark a Markdown table
-// of medians (CPU time), ratios to both floors and targets. Without repetitions the single
-// run of each benchmark stands in for its median.
+// Prints what the console reporter prints, and after the last benchmark Markdown tables: the
+// medians (CPU time) with their ratios to both floors, their heap allocations and their
+// targets; the cost per input byte as inputs grow and as nesting deepens; and the peak
+// memory of the tool. Without repetitions the single run of each benchmark stands in for its
+// median.
 class SummaryReporter : public benchmark::ConsoleReporter {
   public:
     // Colours only when stdout is a terminal; one header, counters inline.
-    SummaryReporter();
+    explicit SummaryReporter(PeakMemory peakMemory);
 
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
@@ -35,8 +41,21 @@ class SummaryReporter : public benchmark::ConsoleReporter {
         std::string name;
         double nanoseconds;
         double bytesPerSecond;  // 0 unless the benchmark counts bytes
+        // Counters, negative when the benchmark does not report them.
+        double allocations;
+        double allocationsPerElement;
+        double inputBytes;
+        double keptBytes;
     };
+
+    const Figure* find(std::string_view name) const;
+    void printMainTable(std::FILE* out, int& missed) const;
+    void printScaleTable(std::FILE* out, int& missed) const;
+    void printNestingTable(std::FILE* out) const;
+    void printPeakMemory(std::FILE* out, int& missed) const;
+
     std::vector<Figure> figures_;
+    PeakMemory peakMemory_;
 };
 
 }  // namespace vastrel::bench

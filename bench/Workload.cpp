@@ -1,10 +1,14 @@
 #include "Workload.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <string_view>
+
+#include "Codec/CodecRules.hpp"
+#include "vastrel/Codec/TLVParser.hpp"
 
 namespace vastrel::bench {
 namespace {
@@ -55,7 +59,68 @@ std::vector<std::string> readLines(const std::string& name) {
     return lines;
 }
 
+// The flat blob's elements, each as its hex encoding.
+const std::vector<std::string>& flatElements() {
+    static const std::vector<std::string> elements = TLVParser::splitTLVData(workload().flatHex);
+    return elements;
+}
+
+// Whole elements of the flat blob, taken in turn from the given one, up to about bytes.
+std::string elementsOfAbout(std::size_t bytes, std::size_t& next) {
+    const std::vector<std::string>& elements = flatElements();
+    std::string hex;
+    while (hex.size() < 2 * bytes) {
+        hex += elements[next];
+        next = (next + 1) % elements.size();
+    }
+    return hex;
+}
+
+std::string templateOf(const std::string& contentHex) {
+    std::string hex = "70";
+    codec::appendLengthFieldHex(hex, contentHex.size() / 2);
+    return hex + contentHex;
+}
+
 }  // namespace
+
+std::string repeatedFlatHex(std::size_t bytes) {
+    const std::string& blob = workload().flatHex;
+    const std::size_t copies =
+        std::max<std::size_t>(1, (2 * bytes + blob.size() / 2) / blob.size());
+    std::string hex;
+    hex.reserve(copies * blob.size());
+    for (std::size_t i = 0; i < copies; ++i)
+        hex += blob;
+    return hex;
+}
+
+std::string nestedHex(std::size_t depth, std::size_t bytes) {
+    const std::size_t share = bytes / std::max<std::size_t>(depth, 1);
+    std::size_t next = 0;
+    std::string level = elementsOfAbout(share, next);  // the innermost level
+    for (std::size_t d = 1; d < depth; ++d)
+        level = templateOf(level) + elementsOfAbout(share, next);
+    return level;
+}
+
+std::string smallElementsHex(std::size_t hexCharacters) {
+    std::vector<std::string> tags;
+    for (const std::string& element : flatElements()) {
+        const auto first = std::stoi(element.substr(0, 2), nullptr, 16);
+        if ((first & 0x1F) != 0x1F && (first & 0x20) == 0) tags.push_back(element.substr(0, 2));
+    }
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string hex;
+    hex.reserve(hexCharacters);
+    for (std::size_t i = 0; hex.size() + 6 <= hexCharacters; ++i) {
+        hex += tags[i % tags.size()];
+        hex += "01";
+        hex += kDigits[(i >> 4) & 0xF];
+        hex += kDigits[i & 0xF];
+    }
+    return hex;
+}
 
 const Workload& workload() {
     static const Workload loaded{

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,5 +16,17 @@ struct Workload {
 };
 
 const Workload& workload();
+
+// The flat blob repeated, whole, to about the given number of bytes (at least once).
+std::string repeatedFlatHex(std::size_t bytes);
+
+// About the given number of bytes nested depth levels deep: each level holds a template with
+// the next level, then a share of the flat blob's elements, so that every level is
+// expanded and the bytes are spread evenly over the levels.
+std::string nestedHex(std::size_t depth, std::size_t bytes);
+
+// Elements of three bytes (a one-byte tag of the flat blob, length 1, a value byte) filling
+// the given number of hex characters: many small elements, as in a long reader trace.
+std::string smallElementsHex(std::size_t hexCharacters);
 
 }  // namespace vastrel::bench

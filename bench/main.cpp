@@ -1,9 +1,11 @@
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
 #include "Benchmarks.hpp"
+#include "PeakMemory.hpp"
 #include "Summary.hpp"
 #include "vastrel/Platform/Log.hpp"
 
@@ -26,6 +28,9 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&count, args.data());
     if (benchmark::ReportUnrecognizedArguments(count, args.data())) return 1;
 
+    // First, while this program is still small: a forked child's peak starts from its size.
+    vastrel::bench::PeakMemory peakMemory = vastrel::bench::measureDecodePeakMemory();
+
     // Lines the library logs while measured are built and then dropped here.
     vastrel::log::setHandler([](std::string_view) {});
     vastrel::bench::registerCodecBenchmarks();
@@ -33,8 +38,9 @@ int main(int argc, char** argv) {
     vastrel::bench::registerReceiptBenchmarks();
     vastrel::bench::registerCApiBenchmarks();
     vastrel::bench::registerExplainBenchmarks();
+    vastrel::bench::registerScaleBenchmarks();
 
-    vastrel::bench::SummaryReporter reporter;
+    vastrel::bench::SummaryReporter reporter(std::move(peakMemory));
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
     return 0;

@@ -15,7 +15,7 @@ extern "C" {
 vastrel_status vastrel_tag_name(const char* tag, size_t tag_length, char* out, size_t out_capacity,
                                 size_t* out_length) {
     return guarded([&] {
-        return writeText(Tag::tagName(textArgument(tag, tag_length, "tag")), out, out_capacity,
+        return writeText(Tag::tagNameView(textArgument(tag, tag_length, "tag")), out, out_capacity,
                          out_length);
     });
 }

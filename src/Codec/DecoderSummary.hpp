@@ -1,26 +1,17 @@
 #pragma once
 
-// The decoder's per-level log line: a dictionary of the level's elements, written as the
-// platform describes a dictionary.
+// The decoder's per-level log line: a dictionary of the level's elements keyed by tag,
+// written as the platform describes a dictionary.
 
 #include <cstdint>
-#include <functional>
-#include <map>
+#include <span>
 #include <string>
+
+#include "vastrel/Codec/TLVObject.hpp"
 
 namespace vastrel::codec {
 
-// One tag's entry in a level's log summary.
-struct SummaryEntry {
-    std::string name;
-    std::int32_t length = 0;
-    std::string value;
-};
-
-// Keyed by tag text; sorted, so the logged line does not depend on input order.
-using Summary = std::map<std::string, SummaryEntry, std::less<>>;
-
-// The summary as a dictionary description, e.g.
+// The summary of the elements at the listed positions, e.g.
 //   {
 //       9F02 =     {
 //           length = 6;
@@ -28,8 +19,12 @@ using Summary = std::map<std::string, SummaryEntry, std::less<>>;
 //           value = 000000001000;
 //       };
 //   }
-// A text made of letters, digits and _$/:.- only is written bare, any other quoted with "
-// and \ escaped.
-std::string describeSummary(const Summary& summary);
+// Where several listed elements share a tag, the last one listed is shown; entries are
+// sorted by tag text, so the line does not depend on input order. With mask set, values
+// are shown as SensitiveData::maskedValue shows them. A text made of letters, digits and
+// _$/:.- only is written bare, any other quoted with " and \ escaped. Time is linear in the
+// number of positions, plus sorting the distinct tags.
+std::string describeLevel(std::span<const TLVObject> elements,
+                          std::span<const std::uint32_t> listed, bool mask);
 
 }  // namespace vastrel::codec

@@ -19,6 +19,10 @@
 
 namespace vastrel::codec {
 
+// Decodes hex into out (hex.size() / 2 bytes) as TLVUtility::dataWithHexString does, throwing
+// its AssertionFailure for an odd length or a pair that is not hex.
+void decodeHexOrThrow(std::string_view hex, std::span<std::uint8_t> out);
+
 // The number of tag bytes at the front of data: 1 when the first byte's identifier is
 // below 31, otherwise through the first following byte with bit 0x80 clear. Absent when
 // data is empty or ends inside the tag.

@@ -5,9 +5,12 @@
 // C library's reading of odd pairs.
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "CodecRules.hpp"
@@ -144,5 +147,23 @@ void decodeHexPairs(std::string_view hex, Out* out, SlowPair&& slowPair) {
         }
     }
 }
+
+// Room for decoded bytes: on the stack when they are as few as typical chip data, on the
+// heap otherwise, uninitialised either way since the decoder writes every byte.
+class ScratchBytes {
+  public:
+    explicit ScratchBytes(std::size_t size) : size_(size) {
+        if (size > local_.size()) heap_ = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+    }
+    ScratchBytes(const ScratchBytes&) = delete;
+    ScratchBytes& operator=(const ScratchBytes&) = delete;
+
+    std::span<std::uint8_t> span() { return {heap_ ? heap_.get() : local_.data(), size_}; }
+
+  private:
+    std::array<std::uint8_t, 512> local_;
+    std::unique_ptr<std::uint8_t[]> heap_;
+    std::size_t size_;
+};
 
 }  // namespace vastrel::codec

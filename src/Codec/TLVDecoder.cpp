@@ -1,7 +1,9 @@
 #include "vastrel/Codec/TLVDecoder.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -9,12 +11,12 @@
 #include "DecoderSummary.hpp"
 #include "HexDecode.hpp"
 #include "HexEncode.hpp"
+#include "Tags/TagNameTable.hpp"
 #include "vastrel/Codec/BerLength.hpp"
 #include "vastrel/Codec/TLVDepth.hpp"
 #include "vastrel/Codec/Tag.hpp"
 #include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/Platform/Log.hpp"
-#include "vastrel/Tags/SensitiveData.hpp"
 
 namespace vastrel {
 namespace {
@@ -42,6 +44,98 @@ std::string hexOfByteNumbers(std::span<const std::int32_t> bytes) {
 // Bytes decoded from hex text are always bytes: plain table lookup.
 std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec::hexUpper(bytes); }
 
+// The name of a tag; bytes decoded from hex text are looked up as bytes, byte numbers
+// through the tag's text, which is the same lookup for numbers up to 255.
+std::string_view nameOf(std::span<const std::uint8_t> tag, std::string_view) {
+    return tagnames::findName(tag).value_or(tagnames::kUnknownName);
+}
+std::string_view nameOf(std::span<const std::int32_t>, std::string_view tagText) {
+    return Tag::tagNameView(tagText);
+}
+
+// How an element at the front of a level was read.
+enum class Read {
+    Stop,      // the level ends: no element, or one cut short inside its tag or length
+    NoLength,  // a bad length byte: kept with length "0", the byte is read again as a tag
+    PastEnd,   // the length runs past the end: kept without a value, the last length
+               // byte is read again as a tag
+    ToEnd,     // the value ends at the level's last byte: kept, never expanded nor
+               // summarised, and the level ends
+    Whole,     // the value lies within the level and does not end at its last byte
+};
+
+struct Head {
+    Read read = Read::Stop;
+    bool constructed = false;
+    std::size_t tagStart = 0;
+    std::size_t tagSize = 0;
+    std::int32_t length = 0;
+};
+
+// Reads the tag and length of the element at bytes[p], leaving p on the value's first byte
+// (ToEnd, Whole) or on the byte to read next as a tag (NoLength, PastEnd).
+template <class Number>
+Head readHead(std::span<const Number> bytes, std::int64_t& p) {
+    const auto n = static_cast<std::int64_t>(bytes.size());
+    const auto at = [bytes](std::int64_t i) {
+        return static_cast<std::int32_t>(bytes[static_cast<std::size_t>(i)]);
+    };
+    Head head;
+    // Tag, at most three bytes; the third byte's continuation bit is not looked at. A 00
+    // where a tag is due ends the level: that is how zero padding is skipped.
+    if (p >= n) return head;
+    const std::int32_t first = at(p);
+    if (!Tag::isValid(first)) return head;
+    head.constructed = Tag::isConstructed(first);
+    head.tagStart = static_cast<std::size_t>(p);
+    if (Tag::isMultiByte(first)) {
+        if (++p >= n) return head;
+        if (!Tag::isLast(at(p)) && ++p >= n) return head;
+    }
+    head.tagSize = static_cast<std::size_t>(p + 1) - head.tagStart;
+
+    // Length: a short form, or 81 to 84 followed by that many bytes.
+    if (++p >= n) return head;
+    const std::int32_t lengthByte = at(p);
+    if (!BerLength::isValid(lengthByte)) {
+        head.read = Read::NoLength;
+        return head;
+    }
+    head.length = lengthByte;
+    if (BerLength::isMultiByte(lengthByte)) {
+        const std::int32_t count = BerLength::getLength(lengthByte);
+        std::uint32_t collected = 0;
+        for (std::int32_t i = 0; i < count; ++i) {
+            if (++p >= n) return head;
+            collected |= static_cast<std::uint32_t>(at(p)) << (8 * (count - i - 1));
+        }
+        head.length = static_cast<std::int32_t>(collected);
+    }
+    // A negative length (four length bytes from 80) runs past the end too.
+    if (static_cast<std::uint64_t>(std::int64_t{head.length}) >
+        static_cast<std::uint64_t>(n - 1 - p)) {
+        head.read = Read::PastEnd;
+        return head;
+    }
+    if (++p >= n) return head;  // an empty value after the last byte: dropped
+    head.read = head.length > n - 1 - p ? Read::ToEnd : Read::Whole;
+    return head;
+}
+
+// The number of elements a level will hold, so that its list is allocated once at its size.
+template <class Number>
+std::size_t countElements(std::span<const Number> bytes) {
+    std::size_t count = 0;
+    std::int64_t p = 0;
+    for (;;) {
+        const Head head = readHead(bytes, p);
+        if (head.read == Read::Stop) return count;
+        ++count;
+        if (head.read == Read::ToEnd) return count;
+        if (head.read == Read::Whole) p += head.length;
+    }
+}
+
 // One level of nesting being decoded: the bytes of the level, the position of the byte
 // under consideration, and what the level has produced so far. Number is std::int32_t for
 // the byte numbers decodeTlv takes, and std::uint8_t for bytes decoded from hex text,
@@ -49,57 +143,58 @@ std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec
 template <class Number>
 struct Level {
     Level(std::span<const Number> levelBytes, std::size_t depth)
-        : bytes(levelBytes),
-          n(static_cast<std::int64_t>(levelBytes.size())),
-          expands(depth < kMaxTLVDepth) {
-        // Elements take several bytes each; growth covers denser data.
-        result.reserve(static_cast<std::size_t>(std::min<std::int64_t>(n / 4 + 1, 64)));
-        if (log::enabled()) summary.emplace();
+        : bytes(levelBytes), expands(depth < kMaxTLVDepth) {
+        const std::size_t count = countElements(bytes);
+        result.reserve(count);
+        if (logs) summarised.reserve(count);
     }
 
     std::span<const Number> bytes;
-    std::int64_t n;
     std::int64_t p = 0;
     // False at the deepest level expanded (depth counts the top level as 1): its templates
     // are kept whole.
     bool expands;
     std::vector<TLVObject> result;
-    std::optional<codec::Summary> summary;  // built only when it will be logged
-    // Read once per level, so a line never mixes masked and unmasked values.
+    // The summary line is built only when it will be logged, from the positions in result
+    // of the elements it lists. Masking is read once per level, so a line never mixes
+    // masked and unmasked values.
+    bool logs = log::enabled();
     bool maskSensitiveData = log::masksSensitiveData();
+    std::vector<std::uint32_t> summarised;
     // The constructed element (in result) whose value is being decoded one level down.
     std::size_t pendingIndex = 0;
     std::int32_t pendingLength = 0;
 };
 
-// Appends the element for tagBytes with the given length text and returns it.
+// Appends the element that head read, with the given length text and value, and returns it.
 template <class Number>
-TLVObject& appendElement(Level<Number>& level, std::span<const Number> tagBytes,
-                         std::string length) {
-    TLVObject& element = level.result.emplace_back(hexOfByteNumbers(tagBytes));
-    element.setLength(std::move(length));
-    return element;
+TLVObject& appendElement(Level<Number>& level, const Head& head, std::string length,
+                         std::string value = {}) {
+    const std::span<const Number> tagBytes = level.bytes.subspan(head.tagStart, head.tagSize);
+    std::string tag = hexOfByteNumbers(tagBytes);
+    std::string name(nameOf(tagBytes, tag));
+    return level.result.emplace_back(std::move(tag), std::move(name), std::move(length),
+                                     std::move(value));
 }
 
-// Completes an element whose value of length bytes starts at level.p: sets its value and
-// children, enters it in the summary and moves level.p past the value.
+// Moves level.p past the value of the element at index, which is now complete, and lists
+// the element for the summary.
 template <class Number>
-void completeWithValue(Level<Number>& level, TLVObject& element, std::int32_t length,
-                       std::optional<std::vector<TLVObject>> children) {
-    std::string value = hexOfByteNumbers(
-        level.bytes.subspan(static_cast<std::size_t>(level.p), static_cast<std::size_t>(length)));
+void listValue(Level<Number>& level, std::size_t index, std::int32_t length) {
     level.p += length;
-    if (level.summary) {
-        // Card data stays out of the log unless masking was turned off. A constructed
-        // element's value is masked whole: its children appear, masked, in their own level's
-        // line, and its last child, which is never expanded, could carry a card number.
-        std::string shown =
-            level.maskSensitiveData ? SensitiveData::maskedValue(*element.tag(), value) : value;
-        level.summary->insert_or_assign(
-            *element.tag(), codec::SummaryEntry{*element.tagName(), length, std::move(shown)});
-    }
-    element.setValue(std::move(value));
+    if (level.logs) level.summarised.push_back(static_cast<std::uint32_t>(index));
+}
+
+// Completes the template at index, whose value of length bytes starts at level.p, with its
+// decoded children.
+template <class Number>
+void completeTemplate(Level<Number>& level, std::size_t index, std::int32_t length,
+                      std::vector<TLVObject> children) {
+    TLVObject& element = level.result[index];
+    element.setValue(hexOfByteNumbers(
+        level.bytes.subspan(static_cast<std::size_t>(level.p), static_cast<std::size_t>(length))));
     element.setInnerTlvs(std::move(children));
+    listValue(level, index, length);
 }
 
 // Reads elements of the level from level.p until the level ends (returns nothing) or a
@@ -108,74 +203,39 @@ void completeWithValue(Level<Number>& level, TLVObject& element, std::int32_t le
 // whole, and the first one of a call is logged (toldTooDeep then set).
 template <class Number>
 std::optional<std::span<const Number>> readElements(Level<Number>& level, bool& toldTooDeep) {
-    const std::span<const Number> bytes = level.bytes;
-    const std::int64_t n = level.n;
-    std::int64_t& p = level.p;
-    const auto at = [bytes](std::int64_t i) {
-        return static_cast<std::int32_t>(bytes[static_cast<std::size_t>(i)]);
-    };
-
-    while (p < n) {
-        // Tag, at most three bytes; the third byte's continuation bit is not looked at.
-        // A 00 where a tag is due ends the level: that is how zero padding is skipped.
-        const std::int32_t first = at(p);
-        if (!Tag::isValid(first)) return std::nullopt;
-        const bool constructed = Tag::isConstructed(first);
-        const std::int64_t tagStart = p;
-        if (Tag::isMultiByte(first)) {
-            if (++p >= n) return std::nullopt;
-            if (!Tag::isLast(at(p)) && ++p >= n) return std::nullopt;
+    for (;;) {
+        const Head head = readHead(level.bytes, level.p);
+        const auto rest = level.bytes.subspan(static_cast<std::size_t>(level.p));
+        switch (head.read) {
+            case Read::Stop:
+                return std::nullopt;
+            case Read::NoLength:
+                appendElement(level, head, "0");
+                continue;
+            case Read::PastEnd:
+                appendElement(level, head, std::to_string(head.length));
+                continue;
+            case Read::ToEnd:
+                appendElement(level, head, std::to_string(head.length), hexOfByteNumbers(rest));
+                return std::nullopt;
+            case Read::Whole:
+                break;
         }
-        const std::span<const Number> tag = bytes.subspan(
-            static_cast<std::size_t>(tagStart), static_cast<std::size_t>(p - tagStart + 1));
-
-        // Length: a short form, or 81 to 84 followed by that many bytes. An element whose
-        // tag or length is cut short by the end of the level is dropped.
-        if (++p >= n) return std::nullopt;
-        const std::int32_t lengthByte = at(p);
-        if (!BerLength::isValid(lengthByte)) {
-            // Kept with length "0"; the bad length byte is read again as the next tag.
-            appendElement(level, tag, "0");
-            continue;
-        }
-        std::int32_t length = lengthByte;
-        if (BerLength::isMultiByte(lengthByte)) {
-            const std::int32_t count = BerLength::getLength(lengthByte);
-            std::uint32_t collected = 0;
-            for (std::int32_t i = 0; i < count; ++i) {
-                if (++p >= n) return std::nullopt;
-                collected |= static_cast<std::uint32_t>(at(p)) << (8 * (count - i - 1));
-            }
-            length = static_cast<std::int32_t>(collected);
-        }
-
-        // A length past the end (a negative one too) keeps the element without a value;
-        // the last length byte is read again as the next tag.
-        if (static_cast<std::uint64_t>(std::int64_t{length}) >
-            static_cast<std::uint64_t>(n - 1 - p)) {
-            appendElement(level, tag, std::to_string(length));
-            continue;
-        }
-        if (++p >= n) return std::nullopt;  // an empty value after the last byte: dropped
-        TLVObject& element = appendElement(level, tag, std::to_string(length));
-        if (length > n - 1 - p) {
-            // The value ends at the last byte. This last element of the level is never
-            // expanded nor summarised, even when constructed; callers know it so, keep it.
-            element.setValue(hexOfByteNumbers(bytes.subspan(static_cast<std::size_t>(p))));
-            return std::nullopt;
-        }
-        if (constructed && length > 0) {
+        const std::size_t index = level.result.size();
+        const auto value = rest.first(static_cast<std::size_t>(head.length));
+        if (head.constructed && head.length > 0) {
             if (level.expands) {
-                level.pendingIndex = level.result.size() - 1;
-                level.pendingLength = length;
-                return bytes.subspan(static_cast<std::size_t>(p), static_cast<std::size_t>(length));
+                appendElement(level, head, std::to_string(head.length));
+                level.pendingIndex = index;
+                level.pendingLength = head.length;
+                return value;
             }
             if (!toldTooDeep) log::write("TLV nesting too deep");
             toldTooDeep = true;
         }
-        completeWithValue(level, element, length, std::nullopt);
+        appendElement(level, head, std::to_string(head.length), hexOfByteNumbers(value));
+        listValue(level, index, head.length);
     }
-    return std::nullopt;
 }
 
 // decodeTlv over any kind of byte numbers: absent for no bytes, else the top level's
@@ -196,13 +256,15 @@ std::optional<std::vector<TLVObject>> decodeLevels(std::span<const Number> bytes
             continue;
         }
         Level<Number>& finished = levels.back();
-        if (finished.summary) log::write(codec::describeSummary(*finished.summary));
+        if (finished.logs) {
+            log::write(codec::describeLevel(finished.result, finished.summarised,
+                                            finished.maskSensitiveData));
+        }
         std::vector<TLVObject> result = std::move(finished.result);
         levels.pop_back();
         if (levels.empty()) return result;
         Level<Number>& parent = levels.back();
-        completeWithValue(parent, parent.result[parent.pendingIndex], parent.pendingLength,
-                          std::move(result));
+        completeTemplate(parent, parent.pendingIndex, parent.pendingLength, std::move(result));
     }
 }
 
@@ -218,11 +280,11 @@ std::optional<std::vector<TLVObject>> TLVDecoder::decodeWithTLVString(
         log::write("Invalid TLV");
         return std::nullopt;
     }
-    Bytes bytes(hex->size() / 2);
-    codec::decodeHexPairs(*hex, bytes.data(), [text = *hex](std::size_t pair) {
+    codec::ScratchBytes bytes(hex->size() / 2);
+    codec::decodeHexPairs(*hex, bytes.span().data(), [text = *hex](std::size_t pair) {
         return static_cast<std::uint8_t>(hexToInt(text.substr(2 * pair, 2)));
     });
-    return decodeLevels<std::uint8_t>(bytes);
+    return decodeLevels(std::span<const std::uint8_t>(bytes.span()));
 }
 
 std::optional<std::vector<TLVObject>> TLVDecoder::decodeTlv(std::span<const std::int32_t> bytes) {

@@ -80,6 +80,12 @@ TLVObject::~TLVObject() {
 TLVObject::TLVObject(std::string_view tag)
     : tagName_(Tag::tagName(tag)), tag_(std::in_place, tag), length_(""), value_("") {}
 
+TLVObject::TLVObject(std::string tag, std::string tagName, std::string length, std::string value)
+    : tagName_(std::move(tagName)),
+      tag_(std::move(tag)),
+      length_(std::move(length)),
+      value_(std::move(value)) {}
+
 std::optional<std::string> TLVObject::generateHexStringFromTLVObject(const TLVObject* object) {
     if (object == nullptr) return std::nullopt;
     // The length field comes from the length text, never from the value: callers that set

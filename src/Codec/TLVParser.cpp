@@ -5,13 +5,16 @@
 
 #include "CodecRules.hpp"
 #include "FlatReaderInternal.hpp"
+#include "HexDecode.hpp"
 #include "vastrel/Codec/TLVSplit.hpp"
 #include "vastrel/Codec/TLVUtility.hpp"
 
 namespace vastrel {
 
 TLVSplit TLVSplit::of(std::string_view hex) {
-    const Bytes bytes = TLVUtility::dataWithHexString(hex);
+    codec::ScratchBytes scratch(hex.size() / 2);
+    codec::decodeHexOrThrow(hex, scratch.span());
+    const std::span<const std::uint8_t> bytes = scratch.span();
     TLVSplit split;
     // Elements of EMV data average several bytes; growth covers larger inputs.
     split.pieces.reserve(std::min<std::size_t>(bytes.size() / 2, 64));

@@ -12,27 +12,31 @@
 
 namespace vastrel {
 
-TLVUtility& TLVUtility::sharedInstance() {
-    static TLVUtility instance;
-    return instance;
-}
-
-Bytes TLVUtility::dataWithHexString(std::string_view hex) {
+void codec::decodeHexOrThrow(std::string_view hex, std::span<std::uint8_t> out) {
     if (hex.size() % 2 != 0) {
         throw AssertionFailure("Hex strings should have an even number of digits (" +
                                std::string(hex) + ")");
     }
-    Bytes out(hex.size() / 2);
-    codec::decodeHexPairs(hex, out.data(), [hex](std::size_t pair) -> std::uint8_t {
+    decodeHexPairs(hex, out.data(), [hex](std::size_t pair) -> std::uint8_t {
         const std::optional<std::uint8_t> value =
-            codec::strtolPairValue(static_cast<unsigned char>(hex[2 * pair]),
-                                   static_cast<unsigned char>(hex[2 * pair + 1]));
+            strtolPairValue(static_cast<unsigned char>(hex[2 * pair]),
+                            static_cast<unsigned char>(hex[2 * pair + 1]));
         if (!value) {
             throw AssertionFailure("String should be all hex digits: " + std::string(hex) +
                                    " (bad digit around " + std::to_string(2 * pair) + ")");
         }
         return *value;
     });
+}
+
+TLVUtility& TLVUtility::sharedInstance() {
+    static TLVUtility instance;
+    return instance;
+}
+
+Bytes TLVUtility::dataWithHexString(std::string_view hex) {
+    Bytes out(hex.size() / 2);
+    codec::decodeHexOrThrow(hex, out);
     return out;
 }
 

@@ -7,10 +7,11 @@
 namespace vastrel {
 
 std::string Tag::tagName(std::optional<std::string_view> tag) {
-    if (tag) {
-        if (const auto name = tagnames::findName(*tag)) return std::string(*name);
-    }
-    return "Unknown";
+    return std::string(tag ? tagNameView(*tag) : tagnames::kUnknownName);
+}
+
+std::string_view Tag::tagNameView(std::string_view tag) noexcept {
+    return tagnames::findName(tag).value_or(tagnames::kUnknownName);
 }
 
 }  // namespace vastrel

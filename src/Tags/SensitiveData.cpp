@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <string>
 
 #include "Codec/CodecRules.hpp"
 
@@ -16,37 +18,61 @@ constexpr std::array<std::string_view, 11> kSensitiveTags = {
     "99",   "DF16",                                  // PIN block
 };
 
+// A tag text of up to four characters folded to upper case and packed, with its length, into
+// one number, so that a tag is matched against the list with a few integer compares; 0 for
+// longer text, which no listed tag matches.
+constexpr std::uint64_t packedTag(std::string_view tag) {
+    if (tag.size() > 4) return 0;
+    std::uint64_t packed = tag.size();
+    for (const char c : tag)
+        packed = packed << 8 | static_cast<unsigned char>(codec::asciiUpper(c));
+    return packed;
+}
+
+constexpr std::array<std::uint64_t, kSensitiveTags.size()> kPackedSensitiveTags = [] {
+    std::array<std::uint64_t, kSensitiveTags.size()> packed{};
+    for (std::size_t i = 0; i < kSensitiveTags.size(); ++i)
+        packed[i] = packedTag(kSensitiveTags[i]);
+    return packed;
+}();
+
 constexpr std::string_view kCardNumberTag = "5A";
 constexpr std::size_t kShownLeadingDigits = 6;
 constexpr std::size_t kShownTrailingDigits = 4;
 
-std::string lengthOnly(std::string_view value) {
+void appendLengthOnly(std::string& out, std::string_view value) {
     const std::size_t bytes = value.size() / 2;
-    // Built in steps: GCC 12 reports a false -Wrestrict on the chained operator+ at -O3.
-    std::string text = "<";
-    text += std::to_string(bytes);
-    text += bytes == 1 ? " byte>" : " bytes>";
-    return text;
+    out += '<';
+    out += std::to_string(bytes);
+    out += bytes == 1 ? " byte>" : " bytes>";
 }
 
 }  // namespace
 
 bool SensitiveData::isSensitive(std::string_view tag) {
-    return std::any_of(
-        kSensitiveTags.begin(), kSensitiveTags.end(),
-        [tag](std::string_view sensitive) { return codec::equalsIgnoringCase(tag, sensitive); });
+    const std::uint64_t packed = packedTag(tag);
+    return packed != 0 && std::find(kPackedSensitiveTags.begin(), kPackedSensitiveTags.end(),
+                                    packed) != kPackedSensitiveTags.end();
 }
 
 std::string SensitiveData::maskedValue(std::string_view tag, std::string_view value) {
-    if (value.empty()) return {};  // nothing to hide
+    std::string masked;
+    appendMaskedValue(masked, tag, value);
+    return masked;
+}
+
+void SensitiveData::appendMaskedValue(std::string& out, std::string_view tag,
+                                      std::string_view value) {
     if (codec::equalsIgnoringCase(tag, kCardNumberTag) &&
         value.size() > kShownLeadingDigits + kShownTrailingDigits) {
-        std::string masked(value);
-        maskCardNumber(masked);
-        return masked;
+        const std::size_t start = out.size();
+        out += value;
+        maskCardNumber(std::span<char>(out).subspan(start));
+    } else if (!value.empty() && (isSensitive(tag) || codec::isConstructedTag(tag))) {
+        appendLengthOnly(out, value);
+    } else {
+        out += value;  // nothing to hide, or nothing at all
     }
-    if (isSensitive(tag) || codec::isConstructedTag(tag)) return lengthOnly(value);
-    return std::string(value);
 }
 
 void SensitiveData::maskCardNumber(std::span<char> digits) noexcept {

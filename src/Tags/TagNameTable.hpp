@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -11,10 +12,16 @@ namespace vastrel::tagnames {
 
 using vastrel::TagNameEntry;
 
+// The name given to a tag that is not listed.
+inline constexpr std::string_view kUnknownName = "Unknown";
+
 // Every entry, in the order listed; no tag appears twice.
 std::span<const TagNameEntry> allEntries();
 
 // The name listed for exactly this tag text (case-sensitive), or absent.
 std::optional<std::string_view> findName(std::string_view tag);
+
+// The same for a tag given as its bytes.
+std::optional<std::string_view> findName(std::span<const std::uint8_t> tag);
 
 }  // namespace vastrel::tagnames

@@ -1,6 +1,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -160,21 +162,31 @@ constexpr std::array<TagNameEntry, 136> kEntries = {{
 constexpr std::array<std::uint8_t, 4> kLeadingBytes = {0x5F, 0x9F, 0xBF, 0xDF};
 constexpr std::size_t kSlotCount = 256 * (1 + kLeadingBytes.size());
 
-// The slot of a tag text, or absent when no listed tag could be written that way. Lookups
-// are case-sensitive: only uppercase hex digits are read.
+// The first slot of the two-byte tags led by each byte, 0 for a byte that leads none.
+constexpr std::array<std::uint16_t, 256> kLeadSlot = [] {
+    std::array<std::uint16_t, 256> slots{};
+    for (std::size_t lead = 0; lead < kLeadingBytes.size(); ++lead)
+        slots[kLeadingBytes[lead]] = static_cast<std::uint16_t>(256 * (1 + lead));
+    return slots;
+}();
+
+// The slot of a tag's bytes, or absent when no listed tag has that length and lead.
+constexpr std::optional<std::size_t> slotOf(std::span<const std::uint8_t> tag) {
+    if (tag.size() == 1) return tag[0];
+    if (tag.size() != 2 || kLeadSlot[tag[0]] == 0) return std::nullopt;
+    return std::size_t{kLeadSlot[tag[0]]} + tag[1];
+}
+
+// The slot of a tag text. Lookups are case-sensitive: only uppercase hex digits are read.
 constexpr std::optional<std::size_t> slotOf(std::string_view tag) {
     if (tag.size() != 2 && tag.size() != 4) return std::nullopt;
-    const int first = codec::hexByte(tag[0], tag[1], true);
-    if (first < 0) return std::nullopt;
-    if (tag.size() == 2) return static_cast<std::size_t>(first);
-    const int second = codec::hexByte(tag[2], tag[3], true);
-    if (second < 0) return std::nullopt;
-    for (std::size_t lead = 0; lead < kLeadingBytes.size(); ++lead) {
-        if (kLeadingBytes[lead] == first) {
-            return 256 * (1 + lead) + static_cast<std::size_t>(second);
-        }
+    std::array<std::uint8_t, 2> bytes{};
+    for (std::size_t i = 0; i < tag.size() / 2; ++i) {
+        const int byte = codec::hexByte(tag[2 * i], tag[2 * i + 1], true);
+        if (byte < 0) return std::nullopt;
+        bytes[i] = static_cast<std::uint8_t>(byte);
     }
-    return std::nullopt;
+    return slotOf(std::span<const std::uint8_t>(bytes.data(), tag.size() / 2));
 }
 
 static_assert(kEntries.size() < 255, "positions must fit the index bytes");
@@ -191,9 +203,8 @@ constexpr std::array<std::uint8_t, kSlotCount> kPositionBySlot = [] {
     return positions;
 }();
 
-// The name listed for exactly this tag text, or absent.
-constexpr std::optional<std::string_view> lookUpName(std::string_view tag) {
-    const auto slot = slotOf(tag);
+// The name listed in a slot, or absent.
+constexpr std::optional<std::string_view> nameIn(std::optional<std::size_t> slot) {
     if (!slot) return std::nullopt;
     const std::uint8_t position = kPositionBySlot[*slot];
     if (position == 0) return std::nullopt;
@@ -204,7 +215,11 @@ constexpr std::optional<std::string_view> lookUpName(std::string_view tag) {
 
 std::span<const TagNameEntry> allEntries() { return kEntries; }
 
-std::optional<std::string_view> findName(std::string_view tag) { return lookUpName(tag); }
+std::optional<std::string_view> findName(std::string_view tag) { return nameIn(slotOf(tag)); }
+
+std::optional<std::string_view> findName(std::span<const std::uint8_t> tag) {
+    return nameIn(slotOf(tag));
+}
 
 }  // namespace tagnames
 }  // namespace vastrel

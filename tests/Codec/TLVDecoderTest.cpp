@@ -75,6 +75,19 @@ TEST(TLVDecoderTest, EachLevelLogsItsSummaryOnce) {
                      "{\n}"}));
 }
 
+// A long level repeats few tags: its summary still has one entry per tag, the last one.
+TEST(TLVDecoderTest, SummaryOfALongLevelKeepsTheLastOfEachTag) {
+    const UnmaskedLog unmasked;
+    std::string hex;
+    for (int i = 0; i < 300; ++i)
+        hex += std::string(i % 2 == 0 ? "9A01" : "9F0201") + (i < 298 ? "00" : "77");
+    hex += "5F2A020840";  // the level's last element, which is never listed
+    LogCapture log;
+    TLVDecoder::decodeWithTLVString(hex);
+    EXPECT_EQ(log.lines(), (Lines{"{\n" + entry("9A", 1, "Transaction Date", "77") +
+                                  entry("9F02", 1, "Amount, Authorised (Numeric)", "77") + "}"}));
+}
+
 // A card number shows only its ends; a template, whose value holds its children whole, only
 // its size.
 TEST(TLVDecoderTest, SummaryMasksCardDataByDefault) {

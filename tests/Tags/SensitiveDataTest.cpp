@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "support/Vectors.hpp"
 
@@ -19,6 +20,10 @@ TEST(SensitiveDataTest, KnowsExactlyTheCardDataTags) {
                             "5A5A", "", "70", "9F1F"}) {
         EXPECT_FALSE(SensitiveData::isSensitive(tag)) << tag;
     }
+    EXPECT_FALSE(
+        SensitiveData::isSensitive(std::string_view("\0"
+                                                    "5A",
+                                                    3)));
 }
 
 TEST(SensitiveDataTest, MasksCardDataAndTemplatesOnly) {

@@ -21,6 +21,7 @@ TEST(TagNamesTest, DictionaryMatchesTheGoldenFile) {
     for (const TagNameEntry& entry : EMVTagHelper::tagNameDictionary()) {
         published += std::string(entry.tag) + '\t' + std::string(entry.name) + '\n';
         lookedUp += std::string(entry.tag) + '\t' + Tag::tagName(entry.tag) + '\n';
+        EXPECT_EQ(Tag::tagNameView(entry.tag).data(), entry.name.data()) << "a view into the table";
     }
     const std::string golden = testing::readSourceFile("tests/Tags/tag-names.golden");
     EXPECT_EQ(published, golden);
@@ -34,8 +35,10 @@ TEST(TagNamesTest, AnythingButTheExactListedTextIsUnknown) {
         "9f12",       "9F3",  "9F340",                        // lower case, prefix, longer
         " 4F",        "004F", std::string_view("4F\0\0", 4),  // no trimming or padding
     };
-    for (const auto& tag : unknown)
+    for (const auto& tag : unknown) {
         EXPECT_EQ(Tag::tagName(tag), "Unknown") << tag.value_or("<absent>");
+        EXPECT_EQ(Tag::tagNameView(tag.value_or("")), "Unknown") << tag.value_or("<absent>");
+    }
     EXPECT_EQ(Tag::tagName("9F12"), "Application Preferred Name");
 }
 

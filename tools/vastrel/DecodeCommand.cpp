@@ -41,6 +41,15 @@ void addTreeRows(TextTable& table, const std::vector<TLVObject>& elements, std::
     }
 }
 
+// Elements at every level, recursing once per level like the walks below.
+std::size_t countElements(const std::vector<TLVObject>& elements) {
+    std::size_t count = elements.size();
+    for (const auto& element : elements) {
+        if (hasChildren(element)) count += countElements(*element.innerTlvs());
+    }
+    return count;
+}
+
 // The decoder never expands the last element of a level, nor a template deeper than its
 // depth limit; say which rather than leave a template looking undecoded for no reason. The
 // recursion is bounded by that same limit.
@@ -62,21 +71,26 @@ void noteUnexpanded(const std::vector<TLVObject>& elements, std::vector<std::str
 }
 
 CommandOutput runDecode(const DecodeOptions& options, const InputSource& input) {
-    const std::string hex = readHexInput(options.hex, input);
-    const std::vector<TLVObject> elements =
-        TLVDecoder::decodeWithTLVString(hex).value_or(std::vector<TLVObject>{});
     CommandOutput output;
-    if (elements.empty()) output.warnings.push_back("no TLV element could be decoded");
-    noteUnexpanded(elements, output.warnings);
-    if (options.json) {
-        output.text = dumpJson(tlvTreeJson(elements));
-        return output;
-    }
-    if (elements.empty()) return output;
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left, Align::Right, Align::Left});
-    table.addRow({"TAG", "NAME", "LEN", "VALUE"});
-    addTreeRows(table, elements, 0);
+    {
+        // The elements are let go before the table is rendered, so that a large input never
+        // holds its tree, its table and its output text at once.
+        const std::vector<TLVObject> elements =
+            TLVDecoder::decodeWithTLVString(readHexInput(options.hex, input))
+                .value_or(std::vector<TLVObject>{});
+        if (elements.empty()) output.warnings.push_back("no TLV element could be decoded");
+        noteUnexpanded(elements, output.warnings);
+        if (options.json) {
+            output.text = dumpJson(tlvTreeJson(elements));
+            return output;
+        }
+        if (elements.empty()) return output;
+        table.reserveRows(1 + countElements(elements));
+        table.addRow({"TAG", "NAME", "LEN", "VALUE"});
+        addTreeRows(table, elements, 0);
+    }
     output.text = table.render(kValueWrap);
     return output;
 }

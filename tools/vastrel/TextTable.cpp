@@ -1,6 +1,8 @@
 #include "TextTable.hpp"
 
 #include <algorithm>
+#include <limits>
+#include <stdexcept>
 
 namespace vastrel::tool {
 namespace {
@@ -20,35 +22,51 @@ std::vector<std::string> wrapText(std::string_view text, std::size_t width) {
     return pieces;
 }
 
-void TextTable::addRow(std::vector<std::string> cells) {
-    cells.resize(columns_.size());
-    rows_.push_back(std::move(cells));
+void TextTable::addRow(std::initializer_list<std::string_view> cells) {
+    const auto* given = cells.begin();
+    for (std::size_t c = 0; c < columns_.size(); ++c) {
+        const std::string_view text = c < cells.size() ? given[c] : std::string_view();
+        text_ += text;
+        if (text_.size() > std::numeric_limits<std::uint32_t>::max()) {
+            throw std::length_error("the table is too large to show");
+        }
+        cellEnds_.push_back(static_cast<std::uint32_t>(text_.size()));
+        widths_[c] = std::max(widths_[c], text.size());
+    }
+}
+
+std::string_view TextTable::cell(std::size_t row, std::size_t column) const {
+    const std::size_t index = row * columns_.size() + column;
+    const std::size_t start = index == 0 ? 0 : cellEnds_[index - 1];
+    return std::string_view(text_).substr(start, cellEnds_[index] - start);
 }
 
 std::string TextTable::render(std::size_t wrapWidth) const {
     if (columns_.empty()) return {};
     const std::size_t last = columns_.size() - 1;
-    std::vector<std::size_t> widths(last, 0);
-    for (const auto& row : rows_) {
-        for (std::size_t c = 0; c < last; ++c)
-            widths[c] = std::max(widths[c], row[c].size());
-    }
-
+    const std::size_t rows = cellEnds_.size() / columns_.size();
     std::string out;
-    for (const auto& row : rows_) {
-        std::string line;
+    std::string line;
+    for (std::size_t row = 0; row < rows; ++row) {
+        line.clear();
         for (std::size_t c = 0; c < last; ++c) {
-            const std::string padding(widths[c] - row[c].size(), ' ');
-            line += columns_[c] == Align::Left ? row[c] + padding : padding + row[c];
+            const std::string_view text = cell(row, c);
+            const std::size_t padding = widths_[c] - text.size();
+            if (columns_[c] == Align::Right) line.append(padding, ' ');
+            line += text;
+            if (columns_[c] == Align::Left) line.append(padding, ' ');
             line += kGap;
         }
         const std::size_t indent = line.size();
-        const auto pieces = wrapText(row[last], wrapWidth);
-        for (std::size_t p = 0; p < pieces.size(); ++p) {
-            if (p > 0) line = std::string(indent, ' ');
-            line += pieces[p];
+        const std::string_view lastCell = cell(row, last);
+        const std::size_t width =
+            wrapWidth == 0 ? std::max<std::size_t>(lastCell.size(), 1) : wrapWidth;
+        for (std::size_t start = 0; start == 0 || start < lastCell.size(); start += width) {
+            if (start > 0) line.assign(indent, ' ');
+            line += lastCell.substr(start, width);
             trimTrailingBlanks(line);
-            out += line + '\n';
+            out += line;
+            out += '\n';
         }
     }
     return out;

@@ -19,6 +19,9 @@ class TLVObject {
     // Nothing else is parsed.
     explicit TLVObject(std::string_view tag);
 
+    // An element with its four texts given and no children, built in one step.
+    TLVObject(std::string tag, std::string tagName, std::string length, std::string value);
+
     // Copying and destruction take no stack frame per level of nesting: a tree may be built
     // as deep as its owner likes.
     TLVObject(const TLVObject& other);

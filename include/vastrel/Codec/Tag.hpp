@@ -81,6 +81,9 @@ class Tag {
     // The display name of the tag written as uppercase hex ("9F02"), from the tag-name
     // table of Tags/; "Unknown" for an absent or unlisted tag. Letter case counts.
     static std::string tagName(std::optional<std::string_view> tag);
+    // The same name without a copy: a view into the library's static table, "Unknown"
+    // included, valid for the life of the program.
+    static std::string_view tagNameView(std::string_view tag) noexcept;
 
   private:
     TagClass tagClass_ = TagClass::Universal;

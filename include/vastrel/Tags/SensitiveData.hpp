@@ -23,6 +23,9 @@ class SensitiveData {
     // unchanged.
     static std::string maskedValue(std::string_view tag, std::string_view value);
 
+    // Appends maskedValue(tag, value) to out, without building it apart first.
+    static void appendMaskedValue(std::string& out, std::string_view tag, std::string_view value);
+
     // Masks the digits of a card number in place: more than ten digits keep their first six
     // and last four, with '*' in between; ten or fewer are left as they are.
     static void maskCardNumber(std::span<char> digits) noexcept;
