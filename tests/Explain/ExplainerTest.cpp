@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -226,14 +227,25 @@ TEST(DictionaryTest, FindsEachTagAndPrefersTheSchemesMeaning) {
     EXPECT_EQ(formatCode(EmvDictionary::find(0x9F4E)->format), "ans");
 }
 
-TEST(DictionaryTest, EveryEntryIsWellFormed) {
-    const auto entries = EmvDictionary::entries();
-    EXPECT_GT(entries.size(), 250u);
-    for (const TagInfo& entry : entries) {
-        EXPECT_FALSE(entry.name.empty()) << std::hex << entry.tag;
-        EXPECT_LE(entry.minLength, entry.maxLength) << std::hex << entry.tag;
+// The whole dictionary in one golden file, compared at once: every entry's tag, scheme,
+// format, source, length range, templates and name, to be checked against the books.
+TEST(DictionaryTest, MatchesTheGoldenFile) {
+    std::string listed =
+        "# The explain dictionary: tag, scheme, format, source, length range, templates, name.\n";
+    for (const TagInfo& entry : EmvDictionary::entries()) {
+        char numbers[48];
+        std::snprintf(numbers, sizeof numbers, "%X\t", entry.tag);
+        listed += numbers;
+        listed += std::string(schemeName(entry.scheme)) + '\t' +
+                  std::string(formatCode(entry.format)) + '\t' +
+                  std::string(sourceName(entry.source)) + '\t';
+        std::snprintf(numbers, sizeof numbers, "%u-%u\t", unsigned{entry.minLength},
+                      unsigned{entry.maxLength});
+        listed += numbers;
+        listed += std::string(entry.templates) + '\t' + std::string(entry.name) + '\n';
         EXPECT_EQ(EmvDictionary::find(entry.tag, entry.scheme), &entry) << std::hex << entry.tag;
     }
+    EXPECT_EQ(listed, testing::readSourceFile("tests/Explain/emv-dictionary.golden"));
 }
 
 TEST(IsoCodesTest, GeneratedTablesAndMinorUnits) {
@@ -294,6 +306,8 @@ TEST(CardRangesTest, RangeBoundaries) {
         {"3589999999999999", {S::Jcb}},
         {"3527999999999999", {}},
         {"3590000000000000", {}},
+        {"3530000000000000", {S::Jcb, S::RuPay}},
+        {"3540000000000000", {S::Jcb}},
         {"3560000000000000", {S::Jcb, S::RuPay}},
         {"8100000000000000", {S::UnionPay, S::RuPay}},
         {"8200000000000000", {S::RuPay}},

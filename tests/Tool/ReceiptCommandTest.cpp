@@ -33,5 +33,21 @@ TEST(ReceiptCommandTest, ExamplesPrintAsTheGoldenReceipts) {
               vastrel::testing::readSourceFile("tests/Tool/receipts/chip-pin-sale.txt"));
 }
 
+// A value that fits beside its label with one blank between them stays on the label's line;
+// one character more and it goes below, flush right.
+TEST(ReceiptCommandTest, ValuesTooLongForTheirLabelsLineGoBelowIt) {
+    const std::string sale = vastrel::testing::readSourceFile("examples/swipe-sale.json");
+    const std::string name = "DOE/JOHN";
+    for (const std::size_t length : {29U, 30U}) {
+        std::string input = sale;
+        const std::string longName = "DOE/" + std::string(length - 4, 'J');
+        input.replace(input.find(name), name.size(), longName);
+        const std::string expected =
+            length == 29 ? "CARDHOLDER " + longName + "\n"
+                         : "CARDHOLDER\n" + std::string(40 - length, ' ') + longName + "\n";
+        EXPECT_NE(runCommand("receipt -", input).out.find(expected), std::string::npos) << length;
+    }
+}
+
 }  // namespace
 }  // namespace vastrel::tool::testing
