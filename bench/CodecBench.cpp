@@ -61,14 +61,6 @@ void hexEncode(benchmark::State& state, const std::string& hex) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(hex.size()));
 }
 
-std::size_t countAll(const std::vector<TLVObject>& elements) {
-    std::size_t count = elements.size();
-    for (const TLVObject& element : elements) {
-        if (element.innerTlvs()) count += countAll(*element.innerTlvs());
-    }
-    return count;
-}
-
 }  // namespace
 
 void split(benchmark::State& state, const std::string& hex) {
@@ -87,7 +79,8 @@ void split(benchmark::State& state, const std::string& hex) {
 void decode(benchmark::State& state, const std::string& hex, bool logging) {
     const LoggingScope scope(logging);
     const auto all = TLVDecoder::decodeWithTLVString(hex);
-    const double elements = all ? static_cast<double>(countAll(*all)) : 0;
+    double elements = 0;
+    if (all) forEachElement(*all, [&elements](const TLVObject&) { ++elements; });
     std::size_t count = 0;
     const AllocationMeter meter;
     for (auto _ : state) {

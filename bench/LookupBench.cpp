@@ -42,20 +42,18 @@ struct BlobTags {
     std::vector<std::string> unlisted;
 };
 
-void collectTags(const std::vector<TLVObject>& elements, BlobTags& tags) {
-    for (const TLVObject& element : elements) {
-        const std::string& tag = *element.tag();
-        (Tag::tagName(tag) == "Unknown" ? tags.unlisted : tags.listed).push_back(tag);
-        if (element.innerTlvs()) collectTags(*element.innerTlvs(), tags);
-    }
-}
-
 const BlobTags& blobTags() {
     static const BlobTags tags = [] {
         const LoggingScope quiet(false);
         BlobTags collected;
         for (const std::string* hex : {&workload().flatHex, &workload().nestedHex}) {
-            collectTags(TLVDecoder::decodeWithTLVString(*hex).value(), collected);
+            forEachElement(
+                TLVDecoder::decodeWithTLVString(*hex).value(),
+                [&collected](const TLVObject& element) {
+                    const std::string& tag = *element.tag();
+                    (Tag::tagName(tag) == "Unknown" ? collected.unlisted : collected.listed)
+                        .push_back(tag);
+                });
         }
         return collected;
     }();

@@ -46,7 +46,7 @@ PeakMemory measureDecodePeakMemory() {
     }
     const std::string hex = smallElementsHex(kInputCharacters);
     result.inputCharacters = hex.size();
-    result.elements = hex.size() / 6;
+    result.elements = hex.size() / kSmallElementHexSize;
 
     int pipeEnds[2];
     if (pipe(pipeEnds) != 0) {

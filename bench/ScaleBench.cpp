@@ -32,21 +32,15 @@ constexpr std::array<Size, 4> kFlatSizes = {{
 constexpr std::array<std::size_t, 3> kDepths = {2, 8, 32};
 constexpr std::size_t kNestedBytes = 4 * 1024;
 
-// The bytes of every element's value, at every level: what the decoder has to keep as hex.
-std::size_t valueBytes(const std::vector<TLVObject>& elements) {
-    std::size_t bytes = 0;
-    for (const TLVObject& element : elements) {
-        bytes += element.value().value_or("").size() / 2;
-        if (element.innerTlvs()) bytes += valueBytes(*element.innerTlvs());
-    }
-    return bytes;
-}
-
 void nestedDecode(benchmark::State& state, const std::string& hex) {
     decode(state, hex, false);
     const LoggingScope quiet(false);
-    state.counters["kept_bytes"] =
-        static_cast<double>(valueBytes(TLVDecoder::decodeWithTLVString(hex).value()));
+    // The bytes of every element's value, at every level: what the decoder has to keep.
+    double kept = 0;
+    forEachElement(TLVDecoder::decodeWithTLVString(hex).value(), [&kept](const TLVObject& e) {
+        kept += static_cast<double>(e.value().value_or("").size() / 2);
+    });
+    state.counters["kept_bytes"] = kept;
 }
 
 // Inputs stay alive for the whole run: benchmarks refer to them.

@@ -78,19 +78,6 @@ std::string formatTime(double nanoseconds) {
     return text;
 }
 
-std::string formatLimit(const Target& target);
-
-std::string formatTarget(const Target& target) {
-    char text[32];
-    std::string allocations;
-    if (target.maxAllocationsPerElement > 0) {
-        std::snprintf(text, sizeof text, ", <= %.0f allocs/element",
-                      target.maxAllocationsPerElement);
-        allocations = text;
-    }
-    return formatLimit(target) + allocations;
-}
-
 std::string formatLimit(const Target& target) {
     char text[32];
     switch (target.limit) {
@@ -109,6 +96,17 @@ std::string formatLimit(const Target& target) {
             break;
     }
     return "";
+}
+
+std::string formatTarget(const Target& target) {
+    char text[32];
+    std::string allocations;
+    if (target.maxAllocationsPerElement > 0) {
+        std::snprintf(text, sizeof text, ", <= %.0f allocs/element",
+                      target.maxAllocationsPerElement);
+        allocations = text;
+    }
+    return formatLimit(target) + allocations;
 }
 
 }  // namespace

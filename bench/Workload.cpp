@@ -113,7 +113,7 @@ std::string smallElementsHex(std::size_t hexCharacters) {
     static constexpr char kDigits[] = "0123456789ABCDEF";
     std::string hex;
     hex.reserve(hexCharacters);
-    for (std::size_t i = 0; hex.size() + 6 <= hexCharacters; ++i) {
+    for (std::size_t i = 0; hex.size() + kSmallElementHexSize <= hexCharacters; ++i) {
         hex += tags[i % tags.size()];
         hex += "01";
         hex += kDigits[(i >> 4) & 0xF];

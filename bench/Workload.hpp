@@ -25,8 +25,10 @@ std::string repeatedFlatHex(std::size_t bytes);
 // expanded and the bytes are spread evenly over the levels.
 std::string nestedHex(std::size_t depth, std::size_t bytes);
 
-// Elements of three bytes (a one-byte tag of the flat blob, length 1, a value byte) filling
-// the given number of hex characters: many small elements, as in a long reader trace.
+// Elements of three bytes (a one-byte tag of the flat blob, length 1, a value byte), each
+// kSmallElementHexSize characters, filling the given number of hex characters: many small
+// elements, as in a long reader trace.
+inline constexpr std::size_t kSmallElementHexSize = 6;
 std::string smallElementsHex(std::size_t hexCharacters);
 
 }  // namespace vastrel::bench

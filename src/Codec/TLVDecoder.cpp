@@ -1,9 +1,7 @@
 #include "vastrel/Codec/TLVDecoder.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -11,11 +9,9 @@
 #include "DecoderSummary.hpp"
 #include "HexDecode.hpp"
 #include "HexEncode.hpp"
-#include "Tags/TagNameTable.hpp"
 #include "vastrel/Codec/BerLength.hpp"
 #include "vastrel/Codec/TLVDepth.hpp"
 #include "vastrel/Codec/Tag.hpp"
-#include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/Platform/Log.hpp"
 
 namespace vastrel {
@@ -43,15 +39,6 @@ std::string hexOfByteNumbers(std::span<const std::int32_t> bytes) {
 
 // Bytes decoded from hex text are always bytes: plain table lookup.
 std::string hexOfByteNumbers(std::span<const std::uint8_t> bytes) { return codec::hexUpper(bytes); }
-
-// The name of a tag; bytes decoded from hex text are looked up as bytes, byte numbers
-// through the tag's text, which is the same lookup for numbers up to 255.
-std::string_view nameOf(std::span<const std::uint8_t> tag, std::string_view) {
-    return tagnames::findName(tag).value_or(tagnames::kUnknownName);
-}
-std::string_view nameOf(std::span<const std::int32_t>, std::string_view tagText) {
-    return Tag::tagNameView(tagText);
-}
 
 // How an element at the front of a level was read.
 enum class Read {
@@ -172,7 +159,7 @@ TLVObject& appendElement(Level<Number>& level, const Head& head, std::string len
                          std::string value = {}) {
     const std::span<const Number> tagBytes = level.bytes.subspan(head.tagStart, head.tagSize);
     std::string tag = hexOfByteNumbers(tagBytes);
-    std::string name(nameOf(tagBytes, tag));
+    std::string name(Tag::tagNameView(tag));
     return level.result.emplace_back(std::move(tag), std::move(name), std::move(length),
                                      std::move(value));
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -20,8 +19,5 @@ std::span<const TagNameEntry> allEntries();
 
 // The name listed for exactly this tag text (case-sensitive), or absent.
 std::optional<std::string_view> findName(std::string_view tag);
-
-// The same for a tag given as its bytes.
-std::optional<std::string_view> findName(std::span<const std::uint8_t> tag);
 
 }  // namespace vastrel::tagnames

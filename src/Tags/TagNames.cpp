@@ -217,9 +217,5 @@ std::span<const TagNameEntry> allEntries() { return kEntries; }
 
 std::optional<std::string_view> findName(std::string_view tag) { return nameIn(slotOf(tag)); }
 
-std::optional<std::string_view> findName(std::span<const std::uint8_t> tag) {
-    return nameIn(slotOf(tag));
-}
-
 }  // namespace tagnames
 }  // namespace vastrel
