@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -11,87 +12,141 @@
 namespace vastrel::codec {
 namespace {
 
-constexpr std::array<bool, 256> kBare = [] {
-    std::array<bool, 256> bare{};
+// How a character affects the way a text is written: any character outside letters, digits
+// and _$/:.- makes the text quoted, and " \ and newline are escaped within the quotes.
+enum class CharClass : std::uint8_t { Bare, Quoted, Escaped };
+
+constexpr std::array<CharClass, 256> kCharClass = [] {
+    std::array<CharClass, 256> classes{};
     for (int c = 0; c < 256; ++c) {
-        bare[c] = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                  std::string_view("_$/:.-").find(static_cast<char>(c)) != std::string_view::npos;
+        const bool bare =
+            (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+            std::string_view("_$/:.-").find(static_cast<char>(c)) != std::string_view::npos;
+        const bool escaped = c == '"' || c == '\\' || c == '\n';
+        classes[c] = escaped ? CharClass::Escaped : bare ? CharClass::Bare : CharClass::Quoted;
     }
-    return bare;
+    return classes;
 }();
 
-bool isBare(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
-        return kBare[static_cast<unsigned char>(c)];
-    });
-}
-
-void appendQuoted(std::string& out, std::string_view text) {
-    out += '"';
-    std::size_t plain = 0;  // start of the characters not yet copied
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (c != '"' && c != '\\' && c != '\n') continue;
-        out.append(text, plain, i - plain);
-        out += c == '\n' ? "\\n" : c == '"' ? "\\\"" : "\\\\";
-        plain = i + 1;
+// The class of the text: bare when every character is, escaped when any character is,
+// quoted otherwise (an empty text too). Both scans stop early, which also keeps the
+// compiler from turning them into slow vector gathers of the table.
+CharClass classOf(std::string_view text) {
+    const auto classAt = [text](std::size_t i) {
+        return kCharClass[static_cast<unsigned char>(text[i])];
+    };
+    std::size_t i = 0;
+    while (i < text.size() && classAt(i) == CharClass::Bare)
+        ++i;
+    if (i == text.size()) return text.empty() ? CharClass::Quoted : CharClass::Bare;
+    for (; i < text.size(); ++i) {
+        if (classAt(i) == CharClass::Escaped) return CharClass::Escaped;
     }
-    out.append(text, plain);
-    out += '"';
+    return CharClass::Quoted;
 }
 
-void appendDescription(std::string& out, std::string_view text) {
-    if (isBare(text)) {
-        out += text;
-    } else {
-        appendQuoted(out, text);
+// The fixed text of the line and of each entry.
+constexpr std::string_view kOpen = "{\n";
+constexpr std::string_view kClose = "}";
+constexpr std::string_view kEntryOpen = "    ";
+constexpr std::string_view kAfterTag = " =     {\n        length = ";
+constexpr std::string_view kAfterLength = ";\n        name = ";
+constexpr std::string_view kAfterName = ";\n        value = ";
+constexpr std::string_view kEntryClose = ";\n    };\n";
+constexpr std::size_t kEntryTextSize = kEntryOpen.size() + kAfterTag.size() + kAfterLength.size() +
+                                       kAfterName.size() + kEntryClose.size();
+
+// Masking writes at most this many characters in place of a value: "<", a 20-digit byte
+// count and " bytes>".
+constexpr std::size_t kMaskedValueSize = 28;
+
+// The most characters a text of size characters takes once described: every character
+// escaped, plus the quotes.
+constexpr std::size_t describedBound(std::size_t size) { return 2 * size + 2; }
+
+// Writes the line into storage sized for the worst case up front, so no single write has
+// to check for room; the line's fixed text is copied in pieces of known size.
+class LineWriter {
+  public:
+    explicit LineWriter(char* at) : at_(at) {}
+
+    void text(std::string_view text) {
+        std::memcpy(at_, text.data(), text.size());
+        at_ += text.size();
     }
-}
 
-// The value goes into out as masking writes it, and is quoted afterwards in the rare case
-// that it needs quotes, so the common value is copied once.
-void appendValueDescription(std::string& out, std::string_view tag, std::string_view value,
-                            bool mask) {
-    const std::size_t start = out.size();
-    if (mask) {
-        SensitiveData::appendMaskedValue(out, tag, value);
-    } else {
-        out += value;
+    // The text bare when it can be, else quoted, with " \ and newline escaped.
+    void description(std::string_view text) {
+        const CharClass textClass = classOf(text);
+        if (textClass == CharClass::Bare) return this->text(text);
+        *at_++ = '"';
+        if (textClass == CharClass::Escaped) {
+            escaped(text);
+        } else {
+            this->text(text);
+        }
+        *at_++ = '"';
     }
-    if (isBare(std::string_view(out).substr(start))) return;
-    const std::string shown = out.substr(start);
-    out.resize(start);
-    appendQuoted(out, shown);
-}
 
-std::size_t hashOf(std::string_view text) {
-    std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
-    for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-    return static_cast<std::size_t>(hash ^ (hash >> 32));
+    const char* end() const { return at_; }
+
+  private:
+    void escaped(std::string_view quoted) {
+        for (const char c : quoted) {
+            if (c == '\n') {
+                text("\\n");
+                continue;
+            }
+            if (c == '"' || c == '\\') *at_++ = '\\';
+            *at_++ = c;
+        }
+    }
+
+    char* at_;
+};
+
+// A listed element and the first eight characters of its tag packed big-endian, so that
+// comparing keys compares the tags as text; tags longer than eight characters (only byte
+// numbers above 255 make them) fall back to comparing the text when the keys are equal.
+struct Keyed {
+    std::uint64_t key;
+    std::uint32_t position;
+};
+
+std::uint64_t packedKey(std::string_view tag) {
+    std::uint64_t key = 0;
+    std::memcpy(&key, tag.data(), std::min<std::size_t>(tag.size(), sizeof key));
+    if constexpr (std::endian::native == std::endian::little) key = __builtin_bswap64(key);
+    return key;
 }
 
 // The listed positions with only the last of each tag kept, sorted by tag. Duplicates are
-// found through an open-addressing table of positions + 1, so a level of any size costs one
-// pass; only the distinct tags are sorted.
-std::vector<std::uint32_t> lastOfEachTag(std::span<const TLVObject> elements,
-                                         std::span<const std::uint32_t> listed) {
+// found through an open-addressing table, so a level of any size costs one pass; only the
+// distinct tags are sorted.
+std::vector<Keyed> lastOfEachTag(std::span<const TLVObject> elements,
+                                 std::span<const std::uint32_t> listed) {
     const auto tagOf = [elements](std::uint32_t position) -> const std::string& {
         return *elements[position].tag();
     };
-    std::vector<std::uint32_t> slots(std::bit_ceil(2 * listed.size() + 1), 0);
+    const auto sameTag = [&tagOf](const Keyed& a, const Keyed& b) {
+        return a.key == b.key && tagOf(a.position) == tagOf(b.position);
+    };
+    constexpr std::uint32_t kEmpty = UINT32_MAX;
+    std::vector<Keyed> slots(std::bit_ceil(2 * listed.size() + 2), Keyed{0, kEmpty});
     const std::size_t mask = slots.size() - 1;
+    // Fibonacci hashing: the top bits of the product depend on every character.
+    const int shift = 64 - std::countr_zero(slots.size());
     for (const std::uint32_t position : listed) {
-        std::size_t slot = hashOf(tagOf(position)) & mask;
-        while (slots[slot] != 0 && tagOf(slots[slot] - 1) != tagOf(position))
+        const Keyed entry{packedKey(tagOf(position)), position};
+        std::size_t slot = static_cast<std::size_t>((entry.key * 0x9E3779B97F4A7C15) >> shift);
+        while (slots[slot].position != kEmpty && !sameTag(slots[slot], entry))
             slot = (slot + 1) & mask;
-        slots[slot] = position + 1;
+        slots[slot] = entry;
     }
-    std::erase(slots, 0);
-    for (std::uint32_t& slot : slots)
-        --slot;
-    std::sort(slots.begin(), slots.end(),
-              [&tagOf](std::uint32_t a, std::uint32_t b) { return tagOf(a) < tagOf(b); });
+    std::erase_if(slots, [](const Keyed& slot) { return slot.position == kEmpty; });
+    std::sort(slots.begin(), slots.end(), [&tagOf](const Keyed& a, const Keyed& b) {
+        return a.key != b.key ? a.key < b.key : tagOf(a.position) < tagOf(b.position);
+    });
     return slots;
 }
 
@@ -99,30 +154,38 @@ std::vector<std::uint32_t> lastOfEachTag(std::span<const TLVObject> elements,
 
 std::string describeLevel(std::span<const TLVObject> elements,
                           std::span<const std::uint32_t> listed, bool mask) {
-    const std::vector<std::uint32_t> shown = lastOfEachTag(elements, listed);
-    constexpr std::size_t kFixedTextPerEntry = 72;
-    std::size_t size = 2;
-    for (const std::uint32_t position : shown) {
-        const TLVObject& element = elements[position];
-        size += kFixedTextPerEntry + element.tag()->size() + element.tagName()->size() +
-                element.value()->size();
+    const std::vector<Keyed> shown = lastOfEachTag(elements, listed);
+    std::size_t bound = kOpen.size() + kClose.size();
+    for (const Keyed& entry : shown) {
+        const TLVObject& element = elements[entry.position];
+        bound += kEntryTextSize + describedBound(element.tag()->size()) + element.length()->size() +
+                 describedBound(element.tagName()->size()) +
+                 describedBound(std::max(element.value()->size(), kMaskedValueSize));
     }
-    std::string out;
-    out.reserve(size);
-    out += "{\n";
-    for (const std::uint32_t position : shown) {
-        const TLVObject& element = elements[position];
-        out += "    ";
-        appendDescription(out, *element.tag());
-        out += " =     {\n        length = ";
-        out += *element.length();
-        out += ";\n        name = ";
-        appendDescription(out, *element.tagName());
-        out += ";\n        value = ";
-        appendValueDescription(out, *element.tag(), *element.value(), mask);
-        out += ";\n    };\n";
+    std::string out(bound, '\0');
+    LineWriter line(out.data());
+    std::string masked;  // reused by every entry
+    line.text(kOpen);
+    for (const Keyed& entry : shown) {
+        const TLVObject& element = elements[entry.position];
+        line.text(kEntryOpen);
+        line.description(*element.tag());
+        line.text(kAfterTag);
+        line.text(*element.length());
+        line.text(kAfterLength);
+        line.description(*element.tagName());
+        line.text(kAfterName);
+        if (mask) {
+            masked.clear();
+            SensitiveData::appendMaskedValue(masked, *element.tag(), *element.value());
+            line.description(masked);
+        } else {
+            line.description(*element.value());
+        }
+        line.text(kEntryClose);
     }
-    out += '}';
+    line.text(kClose);
+    out.resize(static_cast<std::size_t>(line.end() - out.data()));
     return out;
 }
 

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "vastrel/Codec/BerLength.hpp"
 #include "vastrel/Codec/TLVSplit.hpp"
@@ -42,13 +43,12 @@ struct FlatElement {
 };
 
 // Calls visit(FlatElement) for each complete element at the front of data, in order, and
-// returns why it stopped. Stops silently at a tail that ends inside a tag or before its
-// length byte (Incomplete). Stops with the log line "unimplemented" at a length byte 80, or
-// at the byte after a long-form length byte (UnreadLength); so a long-form byte that is the
-// last byte stops without a line (Incomplete). Throws RangeError when a value runs past the
-// end of data.
+// returns why it stopped, without logging. Stops at a tail that ends inside a tag or before
+// its length byte (Incomplete), and at a length byte 80 or at the byte after a long-form
+// length byte (UnreadLength); so a long-form byte that is the last byte stops as
+// Incomplete. Throws RangeError when a value runs past the end of data.
 template <class Visit>
-TLVSplit::Stop forEachFlatElement(std::span<const std::uint8_t> data, Visit&& visit) {
+TLVSplit::Stop walkFlatElements(std::span<const std::uint8_t> data, Visit&& visit) {
     using Stop = TLVSplit::Stop;
     std::size_t offset = 0;  // of data within the caller's bytes, for the error message
     while (!data.empty()) {
@@ -58,12 +58,9 @@ TLVSplit::Stop forEachFlatElement(std::span<const std::uint8_t> data, Visit&& vi
         const std::span<const std::uint8_t> rest = data.subspan(*tagLength + 1);
         switch (BerLength::getTagLengthType(lengthByte)) {
             case 2:
-                log::write("unimplemented");
                 return Stop::UnreadLength;
             case 1:
-                if (rest.empty()) return Stop::Incomplete;
-                log::write("unimplemented");
-                return Stop::UnreadLength;
+                return rest.empty() ? Stop::Incomplete : Stop::UnreadLength;
             default:
                 break;
         }
@@ -78,6 +75,15 @@ TLVSplit::Stop forEachFlatElement(std::span<const std::uint8_t> data, Visit&& vi
         offset += size;
     }
     return Stop::Complete;
+}
+
+// walkFlatElements, with the log line "unimplemented" when it stops at a length it cannot
+// read.
+template <class Visit>
+TLVSplit::Stop forEachFlatElement(std::span<const std::uint8_t> data, Visit&& visit) {
+    const TLVSplit::Stop stop = walkFlatElements(data, std::forward<Visit>(visit));
+    if (stop == TLVSplit::Stop::UnreadLength) log::write("unimplemented");
+    return stop;
 }
 
 }  // namespace vastrel::codec

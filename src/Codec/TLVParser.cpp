@@ -10,14 +10,28 @@
 #include "vastrel/Codec/TLVUtility.hpp"
 
 namespace vastrel {
+namespace {
+
+// Room for the pieces. Chip data of a few hundred bytes rarely holds more than 64 elements,
+// and one reservation covers it; a longer trace is counted first (silently: the split that
+// follows logs), since growing a list of hundreds of strings costs more than the count.
+std::size_t expectedPieces(std::span<const std::uint8_t> bytes) {
+    constexpr std::size_t kUncounted = 64;
+    if (bytes.size() / 2 <= kUncounted) return bytes.size() / 2;
+    if (bytes.size() <= 4 * kUncounted) return kUncounted;
+    std::size_t count = 0;
+    codec::walkFlatElements(bytes, [&count](const codec::FlatElement&) { ++count; });
+    return count;
+}
+
+}  // namespace
 
 TLVSplit TLVSplit::of(std::string_view hex) {
     codec::ScratchBytes scratch(hex.size() / 2);
     codec::decodeHexOrThrow(hex, scratch.span());
     const std::span<const std::uint8_t> bytes = scratch.span();
     TLVSplit split;
-    // Elements of EMV data average several bytes; growth covers larger inputs.
-    split.pieces.reserve(std::min<std::size_t>(bytes.size() / 2, 64));
+    split.pieces.reserve(expectedPieces(bytes));
     split.stop = codec::forEachFlatElement(bytes, [&split](const codec::FlatElement& element) {
         std::string& piece = split.pieces.emplace_back(2 * element.encoding.size(), '\0');
         codec::writeHex(element.encoding, piece.data());
