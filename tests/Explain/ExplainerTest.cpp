@@ -161,6 +161,9 @@ TEST(ExplainerTest, NamesTagsInTheAidsSchemeAndDecodesWithItsCurrency) {
     EXPECT_EQ(tooLong.elements[1].meaning, Findings{"12.34 (currency not given)"});
     const Explanation exponent = explainHex("5F36 01 03 9F02 06 000000001234");
     EXPECT_EQ(exponent.elements[1].meaning, Findings{"1.234 (currency not given)"});
+    // An exponent is one digit: 10 is none, and the amount keeps two minor digits.
+    const Explanation tenDigits = explainHex("5F36 01 10 9F02 06 000000001234");
+    EXPECT_EQ(tenDigits.elements[1].meaning, Findings{"12.34 (currency not given)"});
 }
 
 TEST(ExplainerTest, JsonHasTheDocumentedShape) {
@@ -263,8 +266,12 @@ TEST(IsoCodesTest, GeneratedTablesAndMinorUnits) {
     EXPECT_EQ(IsoCodes::language("en")->name, "English");
     EXPECT_EQ(IsoCodes::language("zu")->name, "Zulu");  // the last entry
     EXPECT_FALSE(IsoCodes::language("EN").has_value());
-    const std::pair<std::uint16_t, int> kUnits[] = {{840, 2}, {392, 0}, {414, 3}, {48, 3},
-                                                    {990, 4}, {978, 2}, {174, 0}, {0, 2}};
+    // Every ISO 4217 currency whose minor unit is not 2, then a few that are 2.
+    const std::pair<std::uint16_t, int> kUnits[] = {
+        {48, 3},  {108, 0}, {152, 0}, {174, 0}, {262, 0}, {324, 0}, {352, 0}, {368, 3},
+        {392, 0}, {400, 3}, {410, 0}, {414, 3}, {434, 3}, {512, 3}, {548, 0}, {600, 0},
+        {646, 0}, {704, 0}, {788, 3}, {800, 0}, {927, 4}, {940, 0}, {950, 0}, {952, 0},
+        {953, 0}, {990, 4}, {840, 2}, {978, 2}, {0, 2},   {999, 2}};
     for (const auto& [code, units] : kUnits)
         EXPECT_EQ(IsoCodes::minorUnits(code), units) << code;
 }
