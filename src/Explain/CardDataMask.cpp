@@ -44,21 +44,15 @@ void maskTrack2(std::span<char> hex) {
 
 }  // namespace
 
-bool maskCardData(std::uint32_t tag, PaymentScheme scheme, std::span<char> valueHex) {
+void maskCardData(std::uint32_t tag, PaymentScheme scheme, std::span<char> valueHex) {
     if (tag == kPan) {
         SensitiveData::maskCardNumber(valueHex.first(withoutPadding(valueHex)));
-        return true;
-    }
-    if (tag == kTrack2 || (tag == kKernelTrack2 && scheme != PaymentScheme::Visa)) {
+    } else if (tag == kTrack2 || (tag == kKernelTrack2 && scheme != PaymentScheme::Visa)) {
         maskTrack2(valueHex);
-        return true;
-    }
-    if (std::find(std::begin(kHiddenWhole), std::end(kHiddenWhole), tag) !=
-        std::end(kHiddenWhole)) {
+    } else if (std::find(std::begin(kHiddenWhole), std::end(kHiddenWhole), tag) !=
+               std::end(kHiddenWhole)) {
         star(valueHex);
-        return true;
     }
-    return false;
 }
 
 }  // namespace vastrel::explain

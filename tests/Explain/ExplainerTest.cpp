@@ -83,6 +83,16 @@ TEST(ExplainerTest, StatusWordMeanings) {
     }
 }
 
+// 9F6B is track 2 under a Mastercard AID, masked like 57, but Visa's card CVM limit, an
+// amount shown as it is.
+TEST(ExplainerTest, Masks9F6BOnlyWhereItHoldsTrack2) {
+    const std::string track2 = "5413330089020011D2512602000000000F";
+    const Explanation mastercard = explainHex("4F 07 A0000000041010 9F6B 11 " + track2);
+    EXPECT_EQ(mastercard.elements[1].value, "541333******0011D2512602*********F");
+    const Explanation visa = explainHex("4F 07 A0000000031010 9F6B 06 000000010000");
+    EXPECT_EQ(visa.elements[1].value, "000000010000");
+}
+
 TEST(ExplainerTest, KeepsWhatWasReadBeforeAnError) {
     const Explanation explanation = explainHex("9F 27 01 80 70 05 5A 08 47 61 73");
     ASSERT_TRUE(explanation.error.has_value());
@@ -142,9 +152,16 @@ TEST(ExplainerTest, ChecksTheCardNumberRangeAgainstTheAid) {
         ASSERT_EQ(explanation.elements.size(), 2u);
         EXPECT_EQ(explanation.elements[1].meaning.back(), c.finding);
     }
-    // Without a card number, or without an AID, nothing is checked.
+    // Without a card number, without digits before its padding or track 2's separator, or
+    // without an AID, nothing is checked.
     EXPECT_EQ(explainHex("4F 07 A0000000031010").elements[0].meaning.size(), 2u);
     EXPECT_EQ(explainHex("5A 08 4761739001010010").elements[0].meaning.size(), 1u);
+    for (const char* noDigits : {"5A 02 FFFF", "57 03 D2712F"}) {
+        SCOPED_TRACE(noDigits);
+        const Explanation explanation = explainHex(std::string("4F 07 A0000000031010 ") + noDigits);
+        for (const std::string& finding : explanation.elements[1].meaning)
+            EXPECT_EQ(finding.find("Range check"), std::string::npos) << finding;
+    }
 }
 
 TEST(ExplainerTest, NamesTagsInTheAidsSchemeAndDecodesWithItsCurrency) {

@@ -34,18 +34,25 @@ TEST(ReceiptCommandTest, ExamplesPrintAsTheGoldenReceipts) {
 }
 
 // A value that fits beside its label with one blank between them stays on the label's line;
-// one character more and it goes below, flush right.
+// one character more and it goes below, flush right; past the paper's 40 columns it is cut
+// into lines of 40, each flush right.
 TEST(ReceiptCommandTest, ValuesTooLongForTheirLabelsLineGoBelowIt) {
     const std::string sale = vastrel::testing::readSourceFile("examples/swipe-sale.json");
     const std::string name = "DOE/JOHN";
-    for (const std::size_t length : {29U, 30U}) {
+    const auto nameOf = [](std::size_t length) { return "DOE/" + std::string(length - 4, 'J'); };
+    const struct {
+        std::size_t length;
+        std::string printed;
+    } cases[] = {
+        {29, "CARDHOLDER " + nameOf(29) + "\n"},
+        {30, "CARDHOLDER\n" + std::string(10, ' ') + nameOf(30) + "\n"},
+        {45, "CARDHOLDER\n" + nameOf(40) + "\n" + std::string(35, ' ') + "JJJJJ\n"},
+    };
+    for (const auto& c : cases) {
         std::string input = sale;
-        const std::string longName = "DOE/" + std::string(length - 4, 'J');
-        input.replace(input.find(name), name.size(), longName);
-        const std::string expected =
-            length == 29 ? "CARDHOLDER " + longName + "\n"
-                         : "CARDHOLDER\n" + std::string(40 - length, ' ') + longName + "\n";
-        EXPECT_NE(runCommand("receipt -", input).out.find(expected), std::string::npos) << length;
+        input.replace(input.find(name), name.size(), nameOf(c.length));
+        EXPECT_NE(runCommand("receipt -", input).out.find(c.printed), std::string::npos)
+            << c.length;
     }
 }
 
