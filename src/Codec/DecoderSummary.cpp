@@ -121,26 +121,40 @@ std::uint64_t packedKey(std::string_view tag) {
 }
 
 // The listed positions with only the last of each tag kept, sorted by tag. Duplicates are
-// found through an open-addressing table, so a level of any size costs one pass; only the
-// distinct tags are sorted.
+// found through an open-addressing table kept at most half full and grown as new tags turn
+// up: a level of any size costs one pass and room for its few distinct tags, and only those
+// are sorted.
 std::vector<Keyed> lastOfEachTag(std::span<const TLVObject> elements,
                                  std::span<const std::uint32_t> listed) {
     const auto tagOf = [elements](std::uint32_t position) -> const std::string& {
         return *elements[position].tag();
     };
-    const auto sameTag = [&tagOf](const Keyed& a, const Keyed& b) {
-        return a.key == b.key && tagOf(a.position) == tagOf(b.position);
-    };
     constexpr std::uint32_t kEmpty = UINT32_MAX;
-    std::vector<Keyed> slots(std::bit_ceil(2 * listed.size() + 2), Keyed{0, kEmpty});
-    const std::size_t mask = slots.size() - 1;
-    // Fibonacci hashing: the top bits of the product depend on every character.
-    const int shift = 64 - std::countr_zero(slots.size());
+    // The slot that holds entry's tag, or the empty slot where it goes.
+    const auto slotOf = [&tagOf](const std::vector<Keyed>& table, const Keyed& entry) {
+        const std::size_t mask = table.size() - 1;
+        // Fibonacci hashing: the top bits of the product depend on every character.
+        const int shift = 64 - std::countr_zero(table.size());
+        auto slot = static_cast<std::size_t>((entry.key * 0x9E3779B97F4A7C15) >> shift);
+        while (
+            table[slot].position != kEmpty &&
+            (table[slot].key != entry.key || tagOf(table[slot].position) != tagOf(entry.position)))
+            slot = (slot + 1) & mask;
+        return slot;
+    };
+    std::vector<Keyed> slots(64, Keyed{0, kEmpty});
+    std::size_t distinct = 0;
     for (const std::uint32_t position : listed) {
         const Keyed entry{packedKey(tagOf(position)), position};
-        std::size_t slot = static_cast<std::size_t>((entry.key * 0x9E3779B97F4A7C15) >> shift);
-        while (slots[slot].position != kEmpty && !sameTag(slots[slot], entry))
-            slot = (slot + 1) & mask;
+        std::size_t slot = slotOf(slots, entry);
+        if (slots[slot].position == kEmpty && 2 * ++distinct > slots.size()) {
+            std::vector<Keyed> larger(2 * slots.size(), Keyed{0, kEmpty});
+            for (const Keyed& kept : slots) {
+                if (kept.position != kEmpty) larger[slotOf(larger, kept)] = kept;
+            }
+            slots = std::move(larger);
+            slot = slotOf(slots, entry);
+        }
         slots[slot] = entry;
     }
     std::erase_if(slots, [](const Keyed& slot) { return slot.position == kEmpty; });

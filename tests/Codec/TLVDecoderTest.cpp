@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
+#include <algorithm>
+
 #include "support/Vectors.hpp"
 #include "vastrel/Codec/TLVDepth.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
 
 namespace vastrel {
 namespace {
@@ -86,6 +89,33 @@ TEST(TLVDecoderTest, SummaryOfALongLevelKeepsTheLastOfEachTag) {
     TLVDecoder::decodeWithTLVString(hex);
     EXPECT_EQ(log.lines(), (Lines{"{\n" + entry("9A", 1, "Transaction Date", "77") +
                                   entry("9F02", 1, "Amount, Authorised (Numeric)", "77") + "}"}));
+}
+
+// A level with far more distinct tags than usual, each listed twice and arriving out of
+// order, names each once, in tag order, with its last value.
+TEST(TLVDecoderTest, SummaryOfManyDistinctTagsNamesEachOnce) {
+    const UnmaskedLog unmasked;
+    std::vector<std::string> tags;  // DF20 to DF7F, none of them named
+    for (int i = 0; i < 96; ++i) {
+        const auto second = static_cast<std::uint8_t>(0x20 + (i * 37) % 96);
+        tags.push_back("DF" + TLVUtility::dataToHexString(std::vector<std::uint8_t>{second}));
+    }
+    std::string hex;
+    for (const char* value : {"00", "01"}) {
+        for (const std::string& tag : tags)
+            hex += tag + "01" + value;
+    }
+    hex += "5F2A020840";
+    std::sort(tags.begin(), tags.end());
+    std::string expected = "{\n";
+    for (const std::string& tag : tags) {
+        expected += "    " + tag +
+                    " =     {\n        length = 1;\n        name = Unknown;\n        value = "
+                    "01;\n    };\n";
+    }
+    LogCapture log;
+    TLVDecoder::decodeWithTLVString(hex);
+    EXPECT_EQ(log.lines(), Lines{expected + "}"});
 }
 
 // A card number shows only its ends; a template, whose value holds its children whole, only
