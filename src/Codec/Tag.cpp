@@ -6,12 +6,8 @@
 
 namespace vastrel {
 
-std::string Tag::tagName(std::optional<std::string_view> tag) {
-    return std::string(tag ? tagNameView(*tag) : tagnames::kUnknownName);
-}
-
 std::string_view Tag::tagNameView(std::string_view tag) noexcept {
-    return tagnames::findName(tag).value_or(tagnames::kUnknownName);
+    return tagnames::findName(tag).value_or(kUnknownTagName);
 }
 
 }  // namespace vastrel

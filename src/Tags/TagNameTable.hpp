@@ -11,9 +11,6 @@ namespace vastrel::tagnames {
 
 using vastrel::TagNameEntry;
 
-// The name given to a tag that is not listed.
-inline constexpr std::string_view kUnknownName = "Unknown";
-
 // Every entry, in the order listed; no tag appears twice.
 std::span<const TagNameEntry> allEntries();
 

@@ -79,11 +79,17 @@ class Tag {
     static constexpr bool isLast(std::int32_t b) { return (b >> 7) == 0; }
 
     // The display name of the tag written as uppercase hex ("9F02"), from the tag-name
-    // table of Tags/; "Unknown" for an absent or unlisted tag. Letter case counts.
-    static std::string tagName(std::optional<std::string_view> tag);
+    // table of Tags/; "Unknown" for an absent or unlisted tag. Letter case counts. Defined
+    // here so that the optional argument is built and read in the caller, not passed
+    // through memory, which cost a third of the call.
+    static std::string tagName(std::optional<std::string_view> tag) {
+        return std::string(tag ? tagNameView(*tag) : std::string_view(kUnknownTagName));
+    }
     // The same name without a copy: a view into the library's static table, "Unknown"
     // included, valid for the life of the program.
     static std::string_view tagNameView(std::string_view tag) noexcept;
+    // The name of a tag that the table does not list.
+    static constexpr std::string_view kUnknownTagName = "Unknown";
 
   private:
     TagClass tagClass_ = TagClass::Universal;
