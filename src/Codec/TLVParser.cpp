@@ -12,13 +12,15 @@
 namespace vastrel {
 namespace {
 
-// Room for the pieces. Chip data of a few hundred bytes rarely holds more than 64 elements,
-// and one reservation covers it; a longer trace is counted first (silently: the split that
-// follows logs), since growing a list of hundreds of strings costs more than the count.
+// Room for the pieces. Chip data of up to 512 bytes rarely holds more than 64 elements (they
+// average eight bytes or more), and one reservation covers it, with at most one doubling
+// when it does not; that is cheaper than a second walk. A longer trace is counted first
+// (silently: the split that follows logs), since growing a list of hundreds of strings
+// costs more than the count.
 std::size_t expectedPieces(std::span<const std::uint8_t> bytes) {
     constexpr std::size_t kUncounted = 64;
     if (bytes.size() / 2 <= kUncounted) return bytes.size() / 2;
-    if (bytes.size() <= 4 * kUncounted) return kUncounted;
+    if (bytes.size() <= 8 * kUncounted) return kUncounted;
     std::size_t count = 0;
     codec::walkFlatElements(bytes, [&count](const codec::FlatElement&) { ++count; });
     return count;
