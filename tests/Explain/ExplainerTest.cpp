@@ -174,8 +174,11 @@ TEST(ExplainerTest, NamesTagsInTheAidsSchemeAndDecodesWithItsCurrency) {
     EXPECT_EQ(amount.elements[2].name, "Unknown");
     EXPECT_FALSE(amount.elements[2].decoded);
     // A currency code is three digits: 1000 is no currency, whatever the table holds.
-    const Explanation tooLong = explainHex("5F2A 02 1000 9F02 06 000000001234");
-    EXPECT_EQ(tooLong.elements[1].meaning, Findings{"12.34 (currency not given)"});
+    for (const char* notACurrency : {"5F2A 02 1000", "5F2A 05 9999999999"}) {
+        const Explanation tooLong = explainHex(std::string(notACurrency) + " 9F02 06 000000001234");
+        EXPECT_EQ(tooLong.elements[1].meaning, Findings{"12.34 (currency not given)"})
+            << notACurrency;
+    }
     const Explanation exponent = explainHex("5F36 01 03 9F02 06 000000001234");
     EXPECT_EQ(exponent.elements[1].meaning, Findings{"1.234 (currency not given)"});
     // An exponent is one digit: 10 is none, and the amount keeps two minor digits.
