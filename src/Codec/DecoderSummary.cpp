@@ -113,10 +113,13 @@ struct Keyed {
     std::uint32_t position;
 };
 
+// Built in a register: copying the few characters of a tag to memory and reading them
+// back as one word stalls on the store.
 std::uint64_t packedKey(std::string_view tag) {
     std::uint64_t key = 0;
-    std::memcpy(&key, tag.data(), std::min<std::size_t>(tag.size(), sizeof key));
-    if constexpr (std::endian::native == std::endian::little) key = __builtin_bswap64(key);
+    const std::size_t size = std::min<std::size_t>(tag.size(), sizeof key);
+    for (std::size_t i = 0; i < size; ++i)
+        key |= std::uint64_t{static_cast<unsigned char>(tag[i])} << (56 - 8 * i);
     return key;
 }
 
