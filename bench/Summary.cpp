@@ -26,9 +26,10 @@ struct Target {
 
 // What each figure is divided by and what it has to reach. Figures missing here are
 // divided by the flat floor and have no target.
-constexpr std::array<Target, 28> kTargets = {{
+constexpr std::array<Target, 29> kTargets = {{
     {kFlatFloor, Floor::Flat, Limit::None, 0},
     {kFlatResultFloor, Floor::Flat, Limit::None, 0},
+    {kFlatSplitResultFloor, Floor::Flat, Limit::None, 0},
     {kNestedFloor, Floor::Nested, Limit::None, 0},
     {kFlatSimdFloor, Floor::Flat, Limit::None, 0},
     {kNestedSimdFloor, Floor::Nested, Limit::None, 0},

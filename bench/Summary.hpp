@@ -21,8 +21,10 @@ inline constexpr const char* kFlatFloor = "floor/flat";
 inline constexpr const char* kNestedFloor = "floor/nested";
 inline constexpr const char* kFlatSimdFloor = "floor-simd/flat";
 inline constexpr const char* kNestedSimdFloor = "floor-simd/nested";
-// Not a floor that ratios divide by: the cost of the decoder's result types alone.
+// Not floors that ratios divide by: the cost of the decoder's and the splitter's result
+// types alone, built from ready texts.
 inline constexpr const char* kFlatResultFloor = "floor-result/flat";
+inline constexpr const char* kFlatSplitResultFloor = "floor-result/split/flat";
 
 // Prints what the console reporter prints, and after the last benchmark Markdown tables: the
 // medians (CPU time) with their ratios to both floors, their heap allocations and their

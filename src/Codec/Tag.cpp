@@ -2,15 +2,7 @@
 
 #include <string_view>
 
-#include "Tags/TagNameTable.hpp"
-
-namespace vastrel {
-
-std::string_view Tag::tagNameView(std::string_view tag) noexcept {
-    return tagnames::findName(tag).value_or(kUnknownTagName);
-}
-
-}  // namespace vastrel
+// Tag::tagNameView is defined beside the name table, in Tags/TagNames.cpp.
 
 std::size_t std::hash<vastrel::Tag>::operator()(const vastrel::Tag& tag) const noexcept {
     const vastrel::Bytes& bytes = tag.value();

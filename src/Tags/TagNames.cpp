@@ -218,4 +218,10 @@ std::span<const TagNameEntry> allEntries() { return kEntries; }
 std::optional<std::string_view> findName(std::string_view tag) { return nameIn(slotOf(tag)); }
 
 }  // namespace tagnames
+
+// Defined beside the table rather than with the rest of Tag, so that the lookup is compiled
+// into it: the names are what the decoder asks for most, once per element.
+std::string_view Tag::tagNameView(std::string_view tag) noexcept {
+    return tagnames::nameIn(tagnames::slotOf(tag)).value_or(Tag::kUnknownTagName);
+}
 }  // namespace vastrel
