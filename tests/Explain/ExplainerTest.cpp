@@ -206,6 +206,12 @@ TEST(ExplainerTest, JsonHasTheDocumentedShape) {
     EXPECT_EQ(failed["error"],
               nlohmann::ordered_json::parse(R"({"offset": 0, "reason": "length past the end"})"));
     EXPECT_EQ(failed["elements"], nlohmann::ordered_json::array());
+    // Templates that end with the data are closed too.
+    const auto lastInTemplates =
+        nlohmann::ordered_json::parse(Explainer::toJson(explainHex("77 06 70 04 9F27 01 80")));
+    EXPECT_EQ(
+        lastInTemplates.at("elements").at(0).at("children").at(0).at("children").at(0).at("tag"),
+        "9F27");
 }
 
 TEST(ExplainerTest, JsonEscapesText) {
@@ -330,7 +336,10 @@ TEST(CardRangesTest, RangeBoundaries) {
         {"3000000000000000", {S::Diners}},
         {"3059999999999999", {S::Diners}},
         {"3060000000000000", {}},
+        {"3094999999999999", {}},
         {"3095000000000000", {S::Diners}},
+        {"3096000000000000", {}},
+        {"3600000000000000", {S::Diners}},
         {"3800000000000000", {S::Diners}},
         {"3528000000000000", {S::Jcb}},
         {"3589999999999999", {S::Jcb}},
@@ -344,6 +353,7 @@ TEST(CardRangesTest, RangeBoundaries) {
         {"8300000000000000", {}},
         {"9792000000000000", {S::Troy}},
         {"9791999999999999", {}},
+        {"9793000000000000", {}},
         {"6520000000000000", {S::Discover, S::Maestro, S::Troy, S::RuPay}},
         {"6000000000000000", {S::Maestro, S::RuPay}},
         {"5080000000000000", {S::Maestro, S::RuPay}},
