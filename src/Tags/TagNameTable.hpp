@@ -1,8 +1,6 @@
 #pragma once
 
-#include <optional>
 #include <span>
-#include <string_view>
 
 #include "vastrel/Tags/TagNameEntry.hpp"
 
@@ -13,8 +11,5 @@ using vastrel::TagNameEntry;
 
 // Every entry, in the order listed; no tag appears twice.
 std::span<const TagNameEntry> allEntries();
-
-// The name listed for exactly this tag text (case-sensitive), or absent.
-std::optional<std::string_view> findName(std::string_view tag);
 
 }  // namespace vastrel::tagnames

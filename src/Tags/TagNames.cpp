@@ -215,13 +215,13 @@ constexpr std::optional<std::string_view> nameIn(std::optional<std::size_t> slot
 
 std::span<const TagNameEntry> allEntries() { return kEntries; }
 
-std::optional<std::string_view> findName(std::string_view tag) { return nameIn(slotOf(tag)); }
-
 }  // namespace tagnames
 
 // Defined beside the table rather than with the rest of Tag, so that the lookup is compiled
-// into it: the names are what the decoder asks for most, once per element.
+// into it: the names are what the decoder asks for most, once per element. Lookups are
+// case-sensitive.
 std::string_view Tag::tagNameView(std::string_view tag) noexcept {
     return tagnames::nameIn(tagnames::slotOf(tag)).value_or(Tag::kUnknownTagName);
 }
+
 }  // namespace vastrel
