@@ -26,8 +26,7 @@ BID_UINT128 toBid(std::uint64_t low, std::uint64_t high) noexcept {
 
 // True for text of the form -?[0-9]+(\.[0-9]+)? with at most 34 digits.
 bool isPlainDecimal(std::string_view text) noexcept {
-    std::size_t i = 0;
-    if (i < text.size() && text[i] == '-') ++i;
+    std::size_t i = text.starts_with('-') ? 1 : 0;
     std::size_t digits = 0;
     std::size_t integerDigits = 0;
     for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)

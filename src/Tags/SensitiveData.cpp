@@ -18,11 +18,15 @@ constexpr std::array<std::string_view, 11> kSensitiveTags = {
     "99",   "DF16",                                  // PIN block
 };
 
-// A tag text of up to four characters folded to upper case and packed, with its length, into
-// one number, so that a tag is matched against the list with a few integer compares; 0 for
-// longer text, which no listed tag matches.
+constexpr std::size_t kLongestSensitiveTag =
+    std::ranges::max(kSensitiveTags, {}, [](std::string_view tag) { return tag.size(); }).size();
+static_assert(kLongestSensitiveTag < sizeof(std::uint64_t), "a packed tag keeps its length");
+
+// A tag text no longer than the longest listed one, folded to upper case and packed, with its
+// length, into one number, so that a tag is matched against the list with a few integer
+// compares; 0 for longer text, which no listed tag matches.
 constexpr std::uint64_t packedTag(std::string_view tag) {
-    if (tag.size() > 4) return 0;
+    if (tag.size() > kLongestSensitiveTag) return 0;
     std::uint64_t packed = tag.size();
     for (const char c : tag)
         packed = packed << 8 | static_cast<unsigned char>(codec::asciiUpper(c));
