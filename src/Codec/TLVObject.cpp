@@ -1,5 +1,6 @@
 #include "vastrel/Codec/TLVObject.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -23,8 +24,11 @@ std::int64_t integerValue(std::string_view text) {
         static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + 1;
     std::uint64_t magnitude = 0;
     for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
-        magnitude = magnitude * 10 + static_cast<std::uint64_t>(text[i] - '0');
-        if (magnitude > kMaxMagnitude) magnitude = kMaxMagnitude;
+        // Saturated before multiplying, so that no digit count can wrap the number around.
+        const auto digit = static_cast<std::uint64_t>(text[i] - '0');
+        magnitude = magnitude > kMaxMagnitude / 10
+                        ? kMaxMagnitude
+                        : std::min(magnitude * 10 + digit, kMaxMagnitude);
     }
     if (negative) return static_cast<std::int64_t>(0 - magnitude);
     return magnitude >= kMaxMagnitude ? std::numeric_limits<std::int64_t>::max()

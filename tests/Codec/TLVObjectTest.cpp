@@ -43,6 +43,18 @@ TEST(TLVObjectTest, HexStringTakesTheLengthFromTheLengthText) {
         tooLong.setLength(length);
         EXPECT_THROW(TLVObject::generateHexStringFromTLVObject(&tooLong), RangeError) << length;
     }
+    // A length text past the 64-bit range reads as the largest length, as integerValue does.
+    for (const char* length : {"9223372036854775808", "99999999999999999999"}) {
+        tooLong.setLength(length);
+        try {
+            TLVObject::generateHexStringFromTLVObject(&tooLong);
+            ADD_FAILURE() << length << " did not throw";
+        } catch (const RangeError& error) {
+            EXPECT_NE(std::string(error.what()).find("BER length 9223372036854775807 "),
+                      std::string::npos)
+                << error.what();
+        }
+    }
 }
 
 // A tree may be built deeper than any decoder would make it: copying and destroying it take

@@ -327,6 +327,7 @@ TEST(CardRangesTest, RangeBoundaries) {
         {"370000000000000", {S::Amex}},
         {"350000000000000", {}},
         {"6011000000000000", {S::Discover, S::Maestro, S::RuPay}},
+        {"6012000000000000", {S::Maestro, S::RuPay}},
         {"6440000000000000", {S::Discover, S::Maestro}},
         {"6490000000000000", {S::Discover, S::Maestro}},
         {"6430000000000000", {S::Maestro}},
