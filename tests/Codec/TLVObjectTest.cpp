@@ -43,15 +43,25 @@ TEST(TLVObjectTest, HexStringTakesTheLengthFromTheLengthText) {
         tooLong.setLength(length);
         EXPECT_THROW(TLVObject::generateHexStringFromTLVObject(&tooLong), RangeError) << length;
     }
-    // A length text past the 64-bit range reads as the largest length, as integerValue does.
-    for (const char* length : {"9223372036854775808", "99999999999999999999"}) {
-        tooLong.setLength(length);
+    // A length text is read exactly up to the largest 64-bit length, and as that length past
+    // it, as integerValue does.
+    const struct {
+        const char* text;
+        const char* read;
+    } hugeLengths[] = {
+        {"9223372036854775806", "9223372036854775806"},
+        {"9223372036854775808", "9223372036854775807"},
+        {"99999999999999999999", "9223372036854775807"},
+    };
+    for (const auto& length : hugeLengths) {
+        tooLong.setLength(length.text);
         try {
             TLVObject::generateHexStringFromTLVObject(&tooLong);
-            ADD_FAILURE() << length << " did not throw";
+            ADD_FAILURE() << length.text << " did not throw";
         } catch (const RangeError& error) {
-            EXPECT_NE(std::string(error.what()).find("BER length 9223372036854775807 "),
-                      std::string::npos)
+            EXPECT_NE(
+                std::string(error.what()).find("BER length " + std::string(length.read) + " "),
+                std::string::npos)
                 << error.what();
         }
     }

@@ -333,6 +333,7 @@ TEST(CardRangesTest, RangeBoundaries) {
         {"6430000000000000", {S::Maestro}},
         {"6221260000000000", {S::Discover, S::UnionPay, S::Maestro}},
         {"6229250000000000", {S::Discover, S::UnionPay, S::Maestro}},
+        {"6229260000000000", {S::UnionPay, S::Maestro}},
         {"6221250000000000", {S::UnionPay, S::Maestro}},
         {"3000000000000000", {S::Diners}},
         {"3059999999999999", {S::Diners}},
