@@ -5,6 +5,7 @@
 #include "CardDataMask.hpp"
 #include "Codec/HexEncode.hpp"
 #include "DecoderParts.hpp"
+#include "vastrel/Codec/Tag.hpp"
 #include "vastrel/Explain/ApplicationIdentifier.hpp"
 #include "vastrel/Explain/CardRanges.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
@@ -18,7 +19,6 @@ constexpr std::uint32_t kPanTag = 0x5A;
 constexpr std::uint32_t kTrack2Tag = 0x57;
 constexpr std::uint32_t kCurrencyTag = 0x5F2A;
 constexpr std::uint32_t kCurrencyExponentTag = 0x5F36;
-constexpr std::string_view kUnknownName = "Unknown";
 
 std::size_t offsetIn(std::span<const std::uint8_t> data, std::span<const std::uint8_t> part) {
     return static_cast<std::size_t>(part.data() - data.data());
@@ -134,7 +134,7 @@ Explanation Explainer::explain(std::span<const std::uint8_t> data, const Explain
         const std::uint32_t tag = node.tagNumber();
         element.tag = codec::hexUpper(node.tag);
         const TagInfo* info = EmvDictionary::find(tag, context.scheme);
-        element.name = info != nullptr ? info->name : kUnknownName;
+        element.name = info != nullptr ? info->name : Tag::kUnknownTagName;
         element.length = node.value.size();
         element.value = shown.substr(2 * offsetIn(data, node.value), 2 * node.value.size());
         element.depth = node.depth;
