@@ -11,7 +11,7 @@
 #include "Benchmarks.hpp"
 #include "Codec/HexDecode.hpp"
 #include "Workload.hpp"
-#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
 #include "vastrel/Explain/Explainer.hpp"
 

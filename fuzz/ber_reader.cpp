@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "FuzzSupport.hpp"
-#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 
 using namespace vastrel;
 

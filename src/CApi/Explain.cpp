@@ -2,7 +2,7 @@
 #include <span>
 
 #include "CApiSupport.hpp"
-#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Explain/Explainer.hpp"
 
 using namespace vastrel;

@@ -1,6 +1,9 @@
 #include "vastrel/Explain/ApplicationIdentifier.hpp"
 
+#include <algorithm>
+
 #include "Codec/CodecRules.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel {
 namespace {
@@ -54,6 +57,8 @@ constexpr KnownAid kKnownAids[] = {
     {"A0000006721010", PaymentScheme::Troy, "Troy"},
 };
 
+constexpr std::uint32_t kAidTags[] = {0x4F, 0x84, 0x9F06};
+
 bool startsWith(std::span<const std::uint8_t> aid, std::string_view prefixHex) {
     const std::size_t bytes = prefixHex.size() / 2;
     if (aid.size() < bytes) return false;
@@ -74,6 +79,24 @@ AidInfo ApplicationIdentifier::identify(std::span<const std::uint8_t> aid) noexc
         info = {known.scheme, known.product};
     }
     return info;
+}
+
+PaymentScheme ApplicationIdentifier::schemeOf(std::span<const BerNode> nodes) noexcept {
+    for (const auto tag : kAidTags) {
+        const auto aid = std::find_if(nodes.begin(), nodes.end(), [tag](const BerNode& node) {
+            return !node.constructed && node.tagNumber() == tag;
+        });
+        if (aid == nodes.end()) continue;
+        const PaymentScheme scheme = identify(aid->value).scheme;
+        if (scheme != PaymentScheme::Any) return scheme;
+    }
+    return PaymentScheme::Any;
+}
+
+PaymentScheme ApplicationIdentifier::schemeOfHex(std::string_view hex) {
+    Bytes data;
+    if (HexDecoder::decode(hex, data)) return PaymentScheme::Any;
+    return schemeOf(BerReader::read(data).nodes);
 }
 
 }  // namespace vastrel

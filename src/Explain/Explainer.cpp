@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "CardDataMask.hpp"
 #include "Codec/HexEncode.hpp"
 #include "DecoderParts.hpp"
 #include "vastrel/Codec/Tag.hpp"
@@ -10,11 +9,11 @@
 #include "vastrel/Explain/CardRanges.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
 #include "vastrel/Explain/StatusWord.hpp"
+#include "vastrel/Tags/CardDataPolicy.hpp"
 
 namespace vastrel {
 namespace {
 
-constexpr std::uint32_t kAidTags[] = {0x4F, 0x84, 0x9F06};
 constexpr std::uint32_t kPanTag = 0x5A;
 constexpr std::uint32_t kTrack2Tag = 0x57;
 constexpr std::uint32_t kCurrencyTag = 0x5F2A;
@@ -35,12 +34,7 @@ const BerNode* firstWithTag(const std::vector<BerNode>& nodes, std::uint32_t tag
 DecodeContext contextOf(const std::vector<BerNode>& nodes, bool showSensitive) {
     DecodeContext context;
     context.showSensitive = showSensitive;
-    for (const auto tag : kAidTags) {
-        const BerNode* aid = firstWithTag(nodes, tag);
-        if (aid == nullptr) continue;
-        context.scheme = ApplicationIdentifier::identify(aid->value).scheme;
-        if (context.scheme != PaymentScheme::Any) break;
-    }
+    context.scheme = ApplicationIdentifier::schemeOf(nodes);
     if (const BerNode* currency = firstWithTag(nodes, kCurrencyTag)) {
         if (const auto code = explain::smallBcdNumber(currency->value, 999)) {
             context.currency = static_cast<std::uint16_t>(*code);
@@ -105,7 +99,7 @@ std::string maskedHex(std::span<const std::uint8_t> data, const std::vector<BerN
         if (node.constructed) continue;
         const std::span<char> digits(hex.data() + 2 * offsetIn(data, node.value),
                                      2 * node.value.size());
-        explain::maskCardData(node.tagNumber(), scheme, digits);
+        CardDataPolicy::maskValue(node.tagNumber(), scheme, digits);
     }
     return hex;
 }

@@ -6,7 +6,7 @@
 #include "vastrel/Explain/ApplicationIdentifier.hpp"
 #include "vastrel/Explain/CardRanges.hpp"
 #include "vastrel/Explain/IsoCodes.hpp"
-#include "vastrel/Tags/SensitiveData.hpp"
+#include "vastrel/Tags/CardDataPolicy.hpp"
 
 namespace vastrel::explain {
 namespace {
@@ -62,9 +62,11 @@ void amount(const std::string& digits, const DecodeContext& context, Findings& o
 
 bool printable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
 
-// The card number with its first six and last four digits shown, unless shown in full.
+// The card number masked as card data in 5A is, unless shown in full.
+constexpr std::uint32_t kCardNumberTag = 0x5A;
+
 std::string maskedPan(std::string digits, bool showSensitive) {
-    if (!showSensitive) SensitiveData::maskCardNumber(digits);
+    if (!showSensitive) CardDataPolicy::maskValue(kCardNumberTag, PaymentScheme::Any, digits);
     return digits;
 }
 

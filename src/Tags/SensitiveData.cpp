@@ -6,25 +6,24 @@
 #include <cstdint>
 #include <string>
 
+#include "CardDataTable.hpp"
 #include "Codec/CodecRules.hpp"
 
 namespace vastrel {
 namespace {
 
-constexpr std::array<std::string_view, 11> kSensitiveTags = {
-    "5A",                                            // card number
-    "56",   "57",   "9F6B", "DF13", "DF14", "DF15",  // track data
-    "5F20", "9F0B",                                  // cardholder name
-    "99",   "DF16",                                  // PIN block
-};
+// The decoder's log masks the rows of the card-data table marked for it.
+constexpr std::size_t kSensitiveTagCount = static_cast<std::size_t>(std::ranges::count_if(
+    tags::kCardData, [](const CardDataTag& row) { return row.inDecoderLog; }));
 
-constexpr std::size_t kLongestSensitiveTag =
-    std::ranges::max(kSensitiveTags, {}, [](std::string_view tag) { return tag.size(); }).size();
-static_assert(kLongestSensitiveTag < sizeof(std::uint64_t), "a packed tag keeps its length");
+// Tag texts are matched as packed numbers: the text's length, then its characters folded to
+// upper case, one byte each, so that a tag is checked with a few integer compares. The
+// longest listed tag has four digits; longer text, which none matches, packs to 0.
+constexpr std::size_t kLongestSensitiveTag = 4;
+static_assert(std::ranges::all_of(tags::kCardData, [](const CardDataTag& row) {
+    return !row.inDecoderLog || row.tag <= 0xFFFF;
+}));
 
-// A tag text no longer than the longest listed one, folded to upper case and packed, with its
-// length, into one number, so that a tag is matched against the list with a few integer
-// compares; 0 for longer text, which no listed tag matches.
 constexpr std::uint64_t packedTag(std::string_view tag) {
     if (tag.size() > kLongestSensitiveTag) return 0;
     std::uint64_t packed = tag.size();
@@ -33,16 +32,34 @@ constexpr std::uint64_t packedTag(std::string_view tag) {
     return packed;
 }
 
-constexpr std::array<std::uint64_t, kSensitiveTags.size()> kPackedSensitiveTags = [] {
-    std::array<std::uint64_t, kSensitiveTags.size()> packed{};
-    for (std::size_t i = 0; i < kSensitiveTags.size(); ++i)
-        packed[i] = packedTag(kSensitiveTags[i]);
+// The packed form of a tag number's hex text: 0x9F6B as "9F6B".
+constexpr std::uint64_t packedTag(std::uint32_t tag) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    char text[kLongestSensitiveTag] = {};
+    std::size_t size = 0;
+    for (int shift = tag > 0xFF ? 12 : 4; shift >= 0; shift -= 4)
+        text[size++] = kDigits[(tag >> shift) & 0xF];
+    return packedTag(std::string_view(text, size));
+}
+
+constexpr std::array<std::uint64_t, kSensitiveTagCount> kPackedSensitiveTags = [] {
+    std::array<std::uint64_t, kSensitiveTagCount> packed{};
+    std::size_t i = 0;
+    for (const CardDataTag& row : tags::kCardData) {
+        if (row.inDecoderLog) packed[i++] = packedTag(row.tag);
+    }
     return packed;
 }();
 
 constexpr std::string_view kCardNumberTag = "5A";
 constexpr std::size_t kShownLeadingDigits = 6;
 constexpr std::size_t kShownTrailingDigits = 4;
+
+// More than ten digits keep their first six and last four, with '*' in between.
+void maskCardNumber(std::span<char> digits) noexcept {
+    if (digits.size() <= kShownLeadingDigits + kShownTrailingDigits) return;
+    std::fill(digits.begin() + kShownLeadingDigits, digits.end() - kShownTrailingDigits, '*');
+}
 
 void appendLengthOnly(std::string& out, std::string_view value) {
     const std::size_t bytes = value.size() / 2;
@@ -77,11 +94,6 @@ void SensitiveData::appendMaskedValue(std::string& out, std::string_view tag,
     } else {
         out += value;  // nothing to hide, or nothing at all
     }
-}
-
-void SensitiveData::maskCardNumber(std::span<char> digits) noexcept {
-    if (digits.size() <= kShownLeadingDigits + kShownTrailingDigits) return;
-    std::fill(digits.begin() + kShownLeadingDigits, digits.end() - kShownTrailingDigits, '*');
 }
 
 }  // namespace vastrel

@@ -13,6 +13,7 @@
 #include "LibraryLog.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Platform/Log.hpp"
+#include "vastrel/Platform/AssertionFailure.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 
 namespace vastrel::tool {
@@ -21,21 +22,6 @@ namespace {
 constexpr int kInputFailure = 1;
 constexpr int kUsageFailure = 2;
 
-// Card data is masked in the library's log lines unless the user asks otherwise; the choice
-// lasts for one run, so a caller that runs the tool in-process gets its own setting back.
-class SensitiveDataShown {
-  public:
-    explicit SensitiveDataShown(bool shown) : before_(log::masksSensitiveData()) {
-        if (shown) log::setMaskSensitiveData(false);
-    }
-    ~SensitiveDataShown() { log::setMaskSensitiveData(before_); }
-    SensitiveDataShown(const SensitiveDataShown&) = delete;
-    SensitiveDataShown& operator=(const SensitiveDataShown&) = delete;
-
-  private:
-    bool before_;
-};
-
 int fail(std::ostream& err, int status, const std::string& message) {
     err << "vastrel: error: " << message << '\n';
     return status;
@@ -43,11 +29,12 @@ int fail(std::ostream& err, int status, const std::string& message) {
 
 // Runs the chosen subcommand and prints its output, turning every failure into one error
 // line and an exit status: 1 for bad input, 2 for a wrong command line.
-int runChosen(const std::vector<Command>& commands, bool verbose, const CliStreams& streams) {
+int runChosen(const std::vector<Command>& commands, bool verbose, bool showSensitive,
+              const CliStreams& streams) {
     std::ostream& err = streams.err;
     LibraryLog log(verbose, err);
     const InputSource input{streams.in, streams.inIsTerminal};
-    CommandContext context{log, input};
+    CommandContext context{log, input, showSensitive};
     try {
         for (const auto& command : commands) {
             if (!command.parser->parsed()) continue;
@@ -65,8 +52,13 @@ int runChosen(const std::vector<Command>& commands, bool verbose, const CliStrea
     } catch (const RangeError& e) {
         return fail(err, kInputFailure,
                     std::string("the data ends inside an element: ") + e.what());
+    } catch (const AssertionFailure&) {
+        // Its message quotes the hex, which may be card data.
+        return fail(err, kInputFailure,
+                    "the hex data has an odd number of digits or a character that is not a hex "
+                    "digit");
     } catch (const std::exception& e) {
-        // InputError, the hex assertion, a bad amount: the message says what is wrong.
+        // InputError, a bad amount: the message says what is wrong.
         return fail(err, kInputFailure, e.what());
     }
 }
@@ -110,8 +102,9 @@ int runCli(std::span<const char* const> args, const CliStreams& streams) {
     app.add_flag("-v,--verbose", verbose, "Show the library's log lines on stderr");
     bool showSensitive = false;
     app.add_flag("--show-sensitive", showSensitive,
-                 "Show card numbers, track data, cardholder names and PIN blocks in full, in "
-                 "decode and split output and in the library's log lines (masked by default)");
+                 "Show card numbers, track data, cardholder names and PIN blocks in full in "
+                 "the command's output (masked by default; the library's log lines stay "
+                 "masked)");
     app.require_subcommand(1);
     app.fallthrough();  // --verbose may also come after the subcommand
 
@@ -131,8 +124,7 @@ int runCli(std::span<const char* const> args, const CliStreams& streams) {
         if (e.get_exit_code() == 0) return app.exit(e, streams.out, streams.err);  // --help
         return fail(streams.err, kUsageFailure, std::string(e.what()) + " (see vastrel --help)");
     }
-    const SensitiveDataShown sensitiveData(showSensitive);
-    return runChosen(commands, verbose, streams);
+    return runChosen(commands, verbose, showSensitive, streams);
 }
 
 }  // namespace vastrel::tool

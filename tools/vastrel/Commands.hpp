@@ -35,6 +35,7 @@ struct InputSource {
 struct CommandContext {
     LibraryLog& log;
     const InputSource& input;
+    bool showSensitive = false;  // card data in full, for --show-sensitive
 };
 
 // A registered subcommand: its parser, and what runs when the user chose it. run throws

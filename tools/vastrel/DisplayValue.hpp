@@ -3,11 +3,26 @@
 #include <string>
 #include <string_view>
 
+#include "vastrel/Tags/PaymentScheme.hpp"
+
 namespace vastrel::tool {
 
-// The text shown for an element's value (hex) in decode output, text and JSON alike.
-// Every value printed by `decode` passes through here, so the rules for card data that
-// must not be shown in full live in this one place.
-std::string displayValue(std::string_view tag, std::string_view value);
+// How a command shows element values (hex), in text and JSON alike: card data masked as
+// CardDataPolicy says, in the kernel of the AID found in the same data, unless the user
+// asked for it in full (--show-sensitive).
+class ValueDisplay {
+  public:
+    // data is all of the command's input, as hex: it is read for an AID.
+    ValueDisplay(std::string_view data, bool showSensitive);
+
+    [[nodiscard]] std::string operator()(std::string_view tagHex, std::string_view valueHex) const;
+
+    // A whole element (tag, length and value, as hex) with the card data inside it masked.
+    [[nodiscard]] std::string element(std::string_view tlvHex) const;
+
+  private:
+    PaymentScheme scheme_ = PaymentScheme::Any;
+    bool showSensitive_ = false;
+};
 
 }  // namespace vastrel::tool

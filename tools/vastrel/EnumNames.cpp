@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 
-#include "Codec/CodecRules.hpp"
+#include "Ascii.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Enums/EnumRows.hpp"
 #include "vastrel/Enums/EnumStringValues.hpp"
@@ -54,7 +54,7 @@ EnumType parseEnumType(std::string_view text) {
         return static_cast<EnumType>(number);
     }
     for (std::size_t i = 0; i < kEnumTypeNames.size(); ++i) {
-        if (codec::equalsIgnoringCase(text, kEnumTypeNames[i])) return static_cast<EnumType>(i + 1);
+        if (equalsIgnoringCase(text, kEnumTypeNames[i])) return static_cast<EnumType>(i + 1);
     }
     throw InputError("unknown enumeration '" + std::string(text) + "'; choose one of " +
                      allChoices());

@@ -6,9 +6,7 @@
 
 #include "Commands.hpp"
 #include "HexInput.hpp"
-#include "vastrel/Codec/TLVUtility.hpp"
 #include "vastrel/Explain/Explainer.hpp"
-#include "vastrel/Platform/Log.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -48,11 +46,11 @@ std::string treeText(const Explanation& explanation) {
     return out;
 }
 
-CommandOutput runExplain(const ExplainOptionsCli& options, const InputSource& input) {
+CommandOutput runExplain(const ExplainOptionsCli& options, const CommandContext& context) {
     // Colons are byte separators in many trace formats.
-    const Bytes bytes = TLVUtility::dataWithHexString(readHexInput(options.hex, input, ":"));
+    const Bytes bytes = readHexBytes(options.hex, context.input, ":");
     ExplainOptions explainOptions;
-    explainOptions.showSensitive = !log::masksSensitiveData();
+    explainOptions.showSensitive = context.showSensitive;
     const Explanation explanation = Explainer::explain(bytes, explainOptions);
 
     CommandOutput output;
@@ -77,7 +75,7 @@ Command addExplainCommand(CLI::App& app) {
                        std::string(kHexHelp) + "; colons between bytes are removed too");
     parser->add_flag("--json", options->json, "Print one JSON object");
     return {parser,
-            [options](CommandContext& context) { return runExplain(*options, context.input); }};
+            [options](CommandContext& context) { return runExplain(*options, context); }};
 }
 
 }  // namespace vastrel::tool

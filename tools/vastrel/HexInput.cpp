@@ -5,7 +5,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "Codec/CodecRules.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
+#include "Ascii.hpp"
 #include "ToolError.hpp"
 
 namespace vastrel::tool {
@@ -42,13 +43,13 @@ std::string cleanHex(std::string_view text, std::string_view what, std::string_v
     for (std::size_t i = digitsStart(text); i < text.size(); ++i) {
         const char c = text[i];
         if (isBlank(c) || separators.find(c) != std::string_view::npos) continue;
-        if (!codec::isHexDigit(static_cast<unsigned char>(c))) {
+        if (!HexDecoder::isHexDigit(c)) {
             std::ostringstream message;
             message << "in " << what << ": " << describeCharacter(c) << " at position " << i + 1
                     << " is not a hex digit";
             throw InputError(message.str());
         }
-        digits.push_back(codec::asciiUpper(c));
+        digits.push_back(asciiUpper(c));
     }
     if (digits.empty()) throw InputError("no " + std::string(what) + " given");
     if (digits.size() % 2 != 0) {
@@ -74,6 +75,16 @@ std::string readHexInput(const std::vector<std::string>& args, const InputSource
         throw UsageError("no HEX given: pass it as an argument or pipe it on standard input");
     }
     return cleanHex(input.readAll(), "hex data", separators);
+}
+
+Bytes readHexBytes(const std::vector<std::string>& args, const InputSource& input,
+                   std::string_view separators) {
+    Bytes bytes;
+    // cleanHex has checked every digit; a fault here would be ours, not the input's.
+    if (HexDecoder::decode(readHexInput(args, input, separators), bytes)) {
+        throw InputError("hex data could not be decoded");
+    }
+    return bytes;
 }
 
 }  // namespace vastrel::tool

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Commands.hpp"
+#include "vastrel/Platform/Bytes.hpp"
 
 namespace vastrel::tool {
 
@@ -21,5 +22,9 @@ std::string cleanHex(std::string_view text, std::string_view what = "hex data",
 // was piped in), InputError as cleanHex does, which also removes the characters in separators.
 std::string readHexInput(const std::vector<std::string>& args, const InputSource& input,
                          std::string_view separators = "");
+
+// The same, decoded to bytes.
+Bytes readHexBytes(const std::vector<std::string>& args, const InputSource& input,
+                   std::string_view separators = "");
 
 }  // namespace vastrel::tool

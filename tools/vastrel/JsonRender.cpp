@@ -30,16 +30,19 @@ Json enumField(EnumType type, Enum value) {
 
 }  // namespace
 
-Json tlvTreeJson(const std::vector<TLVObject>& elements) {
+Json tlvTreeJson(const std::vector<TLVObject>& elements, const ValueDisplay& display) {
     Json array = Json::array();
     for (const auto& element : elements) {
         const std::string tag = element.tag().value_or("");
         Json children = Json::array();
-        if (element.innerTlvs()) children = tlvTreeJson(*element.innerTlvs());
+        if (element.innerTlvs()) children = tlvTreeJson(*element.innerTlvs(), display);
         array.push_back(Json{{"tag", tag},
                              {"name", element.tagName().value_or("")},
                              {"length", lengthJson(element.length())},
-                             {"value", displayValue(tag, element.value().value_or(""))},
+                             // A template's children show its value, decoded.
+                             {"value", children.empty()
+                                           ? Json(display(tag, element.value().value_or("")))
+                                           : Json(nullptr)},
                              {"children", std::move(children)}});
     }
     return array;

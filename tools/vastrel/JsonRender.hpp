@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "DisplayValue.hpp"
 #include "vastrel/Codec/TLVObject.hpp"
 #include "vastrel/Enums/Enumerations.hpp"
 #include "vastrel/Receipt/TransactionReceipt.hpp"
@@ -16,10 +17,11 @@ namespace vastrel::tool {
 using Json = nlohmann::ordered_json;
 
 // Decoded elements as an array of {"tag", "name", "length" (a number), "value",
-// "children"}; children is an empty array unless the element was decoded into children.
-// Values pass through displayValue. Recurses once per level of a decoded tree, which the
+// "children"}; children is an empty array unless the element was decoded into children, and
+// then value is null.
+// Values are shown through display. Recurses once per level of a decoded tree, which the
 // decoder keeps within kMaxTLVDepth.
-Json tlvTreeJson(const std::vector<TLVObject>& elements);
+Json tlvTreeJson(const std::vector<TLVObject>& elements, const ValueDisplay& display);
 
 // An enumeration value with its display string: {"value": 94, "name": "SIGNATURE
 // REQUIRED"}; name is null when the table has no string for the value.

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "Codec/CodecRules.hpp"
+#include "Ascii.hpp"
 #include "EnumNames.hpp"
 #include "ReceiptDate.hpp"
 #include "TextTable.hpp"
@@ -69,7 +69,7 @@ std::string transactionTitle(TransactionType type) {
     std::string title;
     for (const char c : name) {
         if (std::isupper(static_cast<unsigned char>(c)) != 0 && !title.empty()) title += ' ';
-        title += codec::asciiUpper(c);
+        title += asciiUpper(c);
     }
     return title;
 }

@@ -23,17 +23,13 @@ struct SplitOptions {
 struct SplitElement {
     std::string tag;
     std::string name;
-    std::string tlv;  // as displayed: the value has passed through displayValue
+    std::string tlv;  // as displayed: card data masked
 };
 
-SplitElement describeElement(const std::string& piece) {
+SplitElement describeElement(const std::string& piece, const ValueDisplay& display) {
     const auto tag = TLVUtility::tagFromTLVString(piece);
     const std::string tagHex = tag ? TLVUtility::dataToHexString(tag->value()) : "";
-    // The splitter only produces short-form elements: tag, one length byte, value.
-    const std::size_t valueStart = std::min(piece.size(), tagHex.size() + 2);
-    const std::string shown = piece.substr(0, valueStart) +
-                              displayValue(tagHex, std::string_view(piece).substr(valueStart));
-    return {tagHex, Tag::tagName(tagHex), shown};
+    return {tagHex, Tag::tagName(tagHex), display.element(piece)};
 }
 
 // Why the splitter stopped before the end of the data, if it did.
@@ -55,8 +51,9 @@ std::vector<std::string> stopWarnings(const TLVSplit& split, std::size_t hexSize
             " byte(s) do not make a whole element and were left out"};
 }
 
-CommandOutput runSplit(const SplitOptions& options, const InputSource& input) {
-    const std::string hex = readHexInput(options.hex, input);
+CommandOutput runSplit(const SplitOptions& options, const CommandContext& context) {
+    const std::string hex = readHexInput(options.hex, context.input);
+    const ValueDisplay display(hex, context.showSensitive);
     const TLVSplit split = TLVSplit::of(hex);
     const std::vector<std::string>& pieces = split.pieces;
     CommandOutput output;
@@ -64,7 +61,7 @@ CommandOutput runSplit(const SplitOptions& options, const InputSource& input) {
 
     std::vector<SplitElement> elements;
     for (const auto& piece : pieces)
-        elements.push_back(describeElement(piece));
+        elements.push_back(describeElement(piece, display));
     if (options.json) {
         Json array = Json::array();
         for (const auto& e : elements) {
@@ -90,7 +87,7 @@ Command addSplitCommand(CLI::App& app) {
     parser->add_option("HEX", options->hex, kHexHelp);
     parser->add_flag("--json", options->json, "Print the elements as JSON");
     return {parser,
-            [options](CommandContext& context) { return runSplit(*options, context.input); }};
+            [options](CommandContext& context) { return runSplit(*options, context); }};
 }
 
 }  // namespace vastrel::tool

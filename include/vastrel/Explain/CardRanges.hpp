@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "vastrel/Explain/PaymentScheme.hpp"
+#include "vastrel/Tags/PaymentScheme.hpp"
 
 namespace vastrel {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "vastrel/Explain/PaymentScheme.hpp"
+#include "vastrel/Tags/PaymentScheme.hpp"
 
 namespace vastrel {
 

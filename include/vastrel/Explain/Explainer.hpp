@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Explain/FieldDecoders.hpp"
 
 namespace vastrel {

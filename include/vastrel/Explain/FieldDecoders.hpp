@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "vastrel/Explain/PaymentScheme.hpp"
+#include "vastrel/Tags/PaymentScheme.hpp"
 
 namespace vastrel {
 

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
 namespace vastrel {
 
-// Which EMV values are card data that logs and displays must not show in full, and what
-// they show instead. Everything that prints element values (the decoder's log summary, the
-// command-line tool) asks here, so the list lives in one place. Stateless.
+// How the nested decoder's log summary masks card data: the rows of CardDataPolicy marked
+// inDecoderLog, shown in that summary's own form. Every other output masks through
+// CardDataPolicy. Stateless.
 class SensitiveData {
   public:
     // True for the tags whose value is card data: 5A (card number), 56, 57, 9F6B, DF13,
@@ -26,9 +25,6 @@ class SensitiveData {
     // Appends maskedValue(tag, value) to out, without building it apart first.
     static void appendMaskedValue(std::string& out, std::string_view tag, std::string_view value);
 
-    // Masks the digits of a card number in place: more than ten digits keep their first six
-    // and last four, with '*' in between; ten or fewer are left as they are.
-    static void maskCardNumber(std::span<char> digits) noexcept;
 };
 
 }  // namespace vastrel

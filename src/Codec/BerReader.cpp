@@ -1,4 +1,4 @@
-#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 
 namespace vastrel {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "Explain/ExplainTestSupport.hpp"
 #include "support/TestSupport.hpp"
-#include "vastrel/Explain/BerReader.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 
 namespace vastrel {
 namespace {

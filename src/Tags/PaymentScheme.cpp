@@ -1,4 +1,4 @@
-#include "vastrel/Explain/PaymentScheme.hpp"
+#include "vastrel/Tags/PaymentScheme.hpp"
 
 namespace vastrel {
 
