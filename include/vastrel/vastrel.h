@@ -67,9 +67,10 @@ VASTREL_API const char* vastrel_last_error_message(void);
 
 /* ---- Hex ---- */
 
-/* The bytes of hex, one per pair of characters, read as the library's hex reader reads them
-   (" A" is 0A, "-1" is FF). VASTREL_ERROR_INVALID_HEX for an odd length or a pair that does
-   not read whole. out is not NUL-terminated. */
+/* The bytes of hex: two hex digits (either case) a byte and nothing else, so blanks, signs
+   and a 0x prefix are refused. VASTREL_ERROR_INVALID_HEX for an odd number of digits or a
+   character that is not a hex digit; the message gives the fault and its offset, never the
+   text. out is not NUL-terminated. */
 VASTREL_API vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t* out,
                                                 size_t out_capacity, size_t* out_length);
 

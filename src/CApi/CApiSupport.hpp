@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/vastrel.h"
 
 namespace vastrel::capi {
@@ -53,6 +54,10 @@ inline std::span<const std::uint8_t> bytesArgument(const std::uint8_t* data, std
     if (length != 0) require(data, what);
     return {data, length};
 }
+
+// Strict hex (two digits a byte, nothing else) as bytes; throws INVALID_HEX naming what, the
+// fault and its offset, never the text.
+Bytes hexArgument(std::string_view hex, const char* what);
 
 // Like textArgument, but NULL (whatever the length) is absent.
 std::optional<std::string_view> optionalTextArgument(const char* text, std::size_t length);

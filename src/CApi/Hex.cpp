@@ -9,7 +9,7 @@ extern "C" {
 vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t* out,
                                     size_t out_capacity, size_t* out_length) {
     return guarded([&] {
-        const Bytes bytes = TLVUtility::dataWithHexString(textArgument(hex, hex_length, "hex"));
+        const Bytes bytes = hexArgument(textArgument(hex, hex_length, "hex"), "hex");
         return writeBytes(bytes, out, out_capacity, out_length, Terminator::None);
     });
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "CApiSupport.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 
@@ -28,8 +29,10 @@ vastrel_status statusOfCurrentException() {
         throw;
     } catch (const Failure& failure) {
         return fail(failure.status, failure.message);
-    } catch (const AssertionFailure& e) {
-        return fail(VASTREL_ERROR_INVALID_HEX, e.what());
+    } catch (const AssertionFailure&) {
+        // The library's message quotes the text, which may be card data.
+        return fail(VASTREL_ERROR_INVALID_HEX,
+                    "hex has an odd number of digits or a character that is not a hex digit");
     } catch (const RangeError& e) {
         return fail(VASTREL_ERROR_OUT_OF_RANGE, e.what());
     } catch (const std::bad_alloc&) {
@@ -41,6 +44,16 @@ vastrel_status statusOfCurrentException() {
     } catch (...) {
         return fail(VASTREL_ERROR_INTERNAL, "unknown failure");
     }
+}
+
+Bytes hexArgument(std::string_view hex, const char* what) {
+    Bytes bytes;
+    if (const auto error = HexDecoder::decode(hex, bytes)) {
+        throw Failure{VASTREL_ERROR_INVALID_HEX, std::string(what) + ": " +
+                                                     std::string(describe(error->kind)) +
+                                                     " at offset " + std::to_string(error->offset)};
+    }
+    return bytes;
 }
 
 std::string_view textArgument(const char* text, std::size_t length, const char* what) {

@@ -2,6 +2,7 @@ package dev.vastrel;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
@@ -19,7 +20,10 @@ class VastrelTest {
         assertArrayEquals(new byte[0], Vastrel.hexToBytes(""));
         IllegalArgumentException odd =
                 assertThrows(IllegalArgumentException.class, () -> Vastrel.hexToBytes("ABC"));
-        assertTrue(odd.getMessage().contains("even number of digits"), odd.getMessage());
+        assertTrue(odd.getMessage().contains("odd number of hex digits at offset 3"), odd.getMessage());
+        IllegalArgumentException pan = assertThrows(IllegalArgumentException.class,
+                () -> Vastrel.hexToBytes("476173900101001"));
+        assertFalse(pan.getMessage().contains("4761739"), pan.getMessage());
         assertThrows(IllegalArgumentException.class, () -> Vastrel.hexToBytes("ZZ"));
         assertThrows(NullPointerException.class, () -> Vastrel.hexToBytes(null));
     }
