@@ -22,6 +22,9 @@ cmake -S "$root" -B "$work/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
 cmake --build "$work/build"
 cmake --install "$work/build" >/dev/null
 
+echo "==> package: the installed umbrella header names every installed header"
+cmake -DINCLUDE_DIR="$prefix/include" -P "$root/tests/package/CheckUmbrella.cmake"
+
 echo "==> package: consumer through find_package(vastrel CONFIG)"
 cmake -S "$consumer" -B "$work/consumer-cmake" -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_PREFIX_PATH="$prefix" >/dev/null

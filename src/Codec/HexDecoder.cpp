@@ -18,8 +18,10 @@ std::size_t firstNonDigit(std::string_view hex) noexcept {
 
 std::string_view describe(HexErrorKind kind) noexcept {
     switch (kind) {
-        case HexErrorKind::NotHexDigit: return "not a hex digit";
-        case HexErrorKind::OddLength: return "odd number of hex digits";
+        case HexErrorKind::NotHexDigit:
+            return "not a hex digit";
+        case HexErrorKind::OddLength:
+            return "odd number of hex digits";
     }
     return "bad hex";
 }

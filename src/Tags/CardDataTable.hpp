@@ -12,7 +12,8 @@ namespace vastrel::tags {
 inline constexpr std::array<CardDataTag, 15> kCardData = {{
     {0x5A, "card number", CardDataMasking::CardNumber, true},
     {0x57, "track 2 equivalent data", CardDataMasking::Track2, true},
-    {0x9F6B, "track 2 data (Card CVM Limit under Visa)", CardDataMasking::Track2, true, PaymentScheme::Visa},
+    {0x9F6B, "track 2 data (Card CVM Limit under Visa)", CardDataMasking::Track2, true,
+     PaymentScheme::Visa},
     {0x56, "track 1 data", CardDataMasking::Whole, true},
     {0x9F1F, "track 1 discretionary data", CardDataMasking::Whole, false},
     {0x9F20, "track 2 discretionary data", CardDataMasking::Whole, false},

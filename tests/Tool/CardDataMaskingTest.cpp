@@ -66,8 +66,8 @@ std::string cExplainJson(const std::string& hex, bool showSensitive) {
 // What each output shows of hex, masked or not.
 std::vector<std::string> everyOutput(const std::string& hex, bool showSensitive) {
     std::vector<std::string> outputs;
-    for (const std::string command : {"decode", "decode --json", "split", "split --json",
-                                      "explain", "explain --json"}) {
+    for (const std::string command :
+         {"decode", "decode --json", "split", "split --json", "explain", "explain --json"}) {
         const RunResult run =
             runCommand(command + (showSensitive ? " --show-sensitive " : " ") + hex);
         EXPECT_EQ(run.status, 0) << command << ": " << run.err;

@@ -12,8 +12,8 @@
 #include "Commands.hpp"
 #include "LibraryLog.hpp"
 #include "ToolError.hpp"
-#include "vastrel/Platform/Log.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
+#include "vastrel/Platform/Log.hpp"
 #include "vastrel/Platform/RangeError.hpp"
 
 namespace vastrel::tool {

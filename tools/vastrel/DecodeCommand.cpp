@@ -8,9 +8,9 @@
 #include "HexInput.hpp"
 #include "JsonRender.hpp"
 #include "TextTable.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"
 #include "vastrel/Codec/TLVDepth.hpp"
-#include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -115,8 +115,7 @@ Command addDecodeCommand(CLI::App& app) {
         "explain` reads strictly and explains every field)");
     parser->add_option("HEX", options->hex, kHexHelp);
     parser->add_flag("--json", options->json, "Print the elements as JSON");
-    return {parser,
-            [options](CommandContext& context) { return runDecode(*options, context); }};
+    return {parser, [options](CommandContext& context) { return runDecode(*options, context); }};
 }
 
 }  // namespace vastrel::tool

@@ -74,8 +74,7 @@ Command addExplainCommand(CLI::App& app) {
     parser->add_option("HEX", options->hex,
                        std::string(kHexHelp) + "; colons between bytes are removed too");
     parser->add_flag("--json", options->json, "Print one JSON object");
-    return {parser,
-            [options](CommandContext& context) { return runExplain(*options, context); }};
+    return {parser, [options](CommandContext& context) { return runExplain(*options, context); }};
 }
 
 }  // namespace vastrel::tool

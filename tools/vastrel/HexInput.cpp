@@ -5,9 +5,9 @@
 #include <iterator>
 #include <sstream>
 
-#include "vastrel/Codec/HexDecoder.hpp"
 #include "Ascii.hpp"
 #include "ToolError.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel::tool {
 namespace {

@@ -36,14 +36,14 @@ Json tlvTreeJson(const std::vector<TLVObject>& elements, const ValueDisplay& dis
         const std::string tag = element.tag().value_or("");
         Json children = Json::array();
         if (element.innerTlvs()) children = tlvTreeJson(*element.innerTlvs(), display);
-        array.push_back(Json{{"tag", tag},
-                             {"name", element.tagName().value_or("")},
-                             {"length", lengthJson(element.length())},
-                             // A template's children show its value, decoded.
-                             {"value", children.empty()
-                                           ? Json(display(tag, element.value().value_or("")))
-                                           : Json(nullptr)},
-                             {"children", std::move(children)}});
+        array.push_back(
+            Json{{"tag", tag},
+                 {"name", element.tagName().value_or("")},
+                 {"length", lengthJson(element.length())},
+                 // A template's children show its value, decoded.
+                 {"value", children.empty() ? Json(display(tag, element.value().value_or("")))
+                                            : Json(nullptr)},
+                 {"children", std::move(children)}});
     }
     return array;
 }

@@ -86,8 +86,7 @@ Command addSplitCommand(CLI::App& app) {
         "split", "Split EMV data into its top-level elements, one per line, with tag names");
     parser->add_option("HEX", options->hex, kHexHelp);
     parser->add_flag("--json", options->json, "Print the elements as JSON");
-    return {parser,
-            [options](CommandContext& context) { return runSplit(*options, context); }};
+    return {parser, [options](CommandContext& context) { return runSplit(*options, context); }};
 }
 
 }  // namespace vastrel::tool

@@ -24,8 +24,9 @@ struct IsoLanguage {
     std::string_view name;    // "English"
 };
 
-// The ISO 4217 currencies, ISO 3166-1 countries and ISO 639-1 languages, generated at build
-// time from Debian's iso-codes data. Lookups are binary searches over constant tables.
+// The ISO 4217 currencies, ISO 3166-1 countries and ISO 639-1 languages, generated from
+// Debian's iso-codes data into a committed table (scripts/generate-iso-tables.py). Lookups are
+// binary searches over constant tables.
 class IsoCodes {
   public:
     [[nodiscard]] static std::optional<IsoCurrency> currency(std::uint16_t numeric) noexcept;

@@ -42,7 +42,8 @@ class CardDataPolicy {
 
     // Masks valueHex (the value's hex digits) in place as tag's row says; false, and nothing
     // changed, when tag holds no card data.
-    static bool maskValue(std::uint32_t tag, PaymentScheme scheme, std::span<char> valueHex) noexcept;
+    static bool maskValue(std::uint32_t tag, PaymentScheme scheme,
+                          std::span<char> valueHex) noexcept;
 
     // BER-TLV data (hex) with every card-data value inside it masked, at any depth. The
     // data is read strictly; what cannot be read (bad hex, or the bytes from a fault on) is

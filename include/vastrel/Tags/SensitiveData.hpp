@@ -24,7 +24,6 @@ class SensitiveData {
 
     // Appends maskedValue(tag, value) to out, without building it apart first.
     static void appendMaskedValue(std::string& out, std::string_view tag, std::string_view value);
-
 };
 
 }  // namespace vastrel

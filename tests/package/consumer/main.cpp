@@ -2,10 +2,8 @@
 // the codec, the tag dictionary and the decimal amounts (the library's link dependency).
 #include <iostream>
 
-#include "vastrel/Codec/TLVDecoder.hpp"
-#include "vastrel/Codec/Tag.hpp"
-#include "vastrel/Platform/Decimal.hpp"
-#include "vastrel/Platform/Log.hpp"
+// The umbrella header, as installed: it must compile on its own.
+#include "vastrel/Vastrel.hpp"
 
 int main() {
     vastrel::log::setEnabled(false);
