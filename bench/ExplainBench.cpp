@@ -9,9 +9,9 @@
 
 #include "AllocationCounter.hpp"
 #include "Benchmarks.hpp"
-#include "Codec/HexDecode.hpp"
 #include "Workload.hpp"
 #include "vastrel/Codec/BerReader.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
 #include "vastrel/Explain/Explainer.hpp"
 
@@ -21,8 +21,7 @@ namespace {
 std::span<const std::uint8_t> hexToScratch(const std::string& hex,
                                            std::vector<std::uint8_t>& scratch) {
     scratch.resize(hex.size() / 2);
-    codec::decodeHexDigitPairs(reinterpret_cast<const unsigned char*>(hex.data()), scratch.size(),
-                               scratch.data());
+    static_cast<void>(HexDecoder::decode(hex, std::span<std::uint8_t>(scratch)));
     return scratch;
 }
 

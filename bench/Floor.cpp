@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "Codec/HexDecode.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel::bench {
 namespace {
@@ -44,8 +44,7 @@ __attribute__((optimize("no-tree-vectorize"))) bool decodePlainTable(std::string
 
 bool decode(FloorHex decoder, std::string_view hex, std::uint8_t* out) {
     if (decoder == FloorHex::PlainTable) return decodePlainTable(hex, out);
-    return codec::decodeHexDigitPairs(reinterpret_cast<const unsigned char*>(hex.data()),
-                                      hex.size() / 2, out);
+    return !HexDecoder::decode(hex, std::span<std::uint8_t>(out, hex.size() / 2));
 }
 
 }  // namespace

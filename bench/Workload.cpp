@@ -7,7 +7,6 @@
 #include <sstream>
 #include <string_view>
 
-#include "Codec/CodecRules.hpp"
 #include "vastrel/Codec/TLVParser.hpp"
 
 namespace vastrel::bench {
@@ -76,10 +75,19 @@ std::string elementsOfAbout(std::size_t bytes, std::size_t& next) {
     return hex;
 }
 
+// A BER length field as hex: the short form below 128, else 81 to 84 and the length's bytes.
+std::string lengthFieldHex(std::size_t n) {
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string bytes;
+    for (std::size_t rest = n; rest > 0 || bytes.empty(); rest >>= 8) {
+        bytes.insert(0, {kDigits[(rest >> 4) & 0xF], kDigits[rest & 0xF]});
+    }
+    if (n < 0x80) return bytes;
+    return std::string{'8', kDigits[bytes.size() / 2]} + bytes;
+}
+
 std::string templateOf(const std::string& contentHex) {
-    std::string hex = "70";
-    codec::appendLengthFieldHex(hex, contentHex.size() / 2);
-    return hex + contentHex;
+    return "70" + lengthFieldHex(contentHex.size() / 2) + contentHex;
 }
 
 }  // namespace

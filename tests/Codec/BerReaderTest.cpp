@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Explain/ExplainTestSupport.hpp"
+#include "support/HexBytes.hpp"
 #include "support/TestSupport.hpp"
 #include "vastrel/Codec/BerReader.hpp"
 

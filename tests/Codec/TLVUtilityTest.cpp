@@ -4,10 +4,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "Codec/HexDecode.hpp"
 #include "support/TestSupport.hpp"
 #include "vastrel/Codec/TLVParser.hpp"
 #include "vastrel/Platform/AssertionFailure.hpp"
@@ -28,23 +28,33 @@ std::string readHex(const std::string& text) {
     }
 }
 
-// The slow paths must agree with the C library itself on every possible pair, including
-// NUL, blanks, signs, "0x" and bytes above 0x7F.
+// The pair a,b as strtol(base 16) reads the text "ab": absent unless it takes both characters.
+std::optional<std::uint8_t> strtolPair(int a, int b) {
+    const char text[3] = {static_cast<char>(a), static_cast<char>(b), '\0'};
+    char* end = nullptr;
+    const long value = std::strtol(text, &end, 16);
+    return end == text + 2 ? std::optional(static_cast<std::uint8_t>(value)) : std::nullopt;
+}
+
+// The odd pairs must read exactly as the C library itself reads them, including NUL,
+// blanks, signs, "0x" and bytes above 0x7F.
 TEST(TLVUtilityTest, OddPairsReadExactlyAsStrtolAndSscanfReadThem) {
     for (int a = 0; a < 256; ++a) {
         for (int b = 0; b < 256; ++b) {
             const char text[3] = {static_cast<char>(a), static_cast<char>(b), '\0'};
-            char* end = nullptr;
-            const long strtolValue = std::strtol(text, &end, 16);
-            const auto expected = end == text + 2
-                                      ? std::optional(static_cast<std::uint8_t>(strtolValue))
-                                      : std::nullopt;
-            ASSERT_EQ(codec::strtolPairValue(a, b), expected) << "pair " << a << "," << b;
-
+            const std::string pair(text, 2);
+            const auto expected = strtolPair(a, b);
+            if (expected) {
+                ASSERT_EQ(TLVUtility::dataWithHexString(pair), Bytes{*expected}) << a << "," << b;
+            } else {
+                ASSERT_THROW(TLVUtility::dataWithHexString(pair), AssertionFailure)
+                    << a << "," << b;
+            }
             unsigned scanned = 0;
             static_cast<void>(std::sscanf(text, "%x", &scanned));
-            ASSERT_EQ(codec::scanfPairValue(a, b), static_cast<std::uint8_t>(scanned))
-                << "pair " << a << "," << b;
+            ASSERT_EQ(TLVUtility::hexToAscii(pair),
+                      std::string(1, static_cast<char>(static_cast<std::uint8_t>(scanned))))
+                << a << "," << b;
         }
     }
 }
@@ -61,7 +71,8 @@ TEST(TLVUtilityTest, BlockDecodingAgreesWithPairReadingForEveryByte) {
         Bytes bytes;
         std::optional<std::size_t> badPair;
         for (std::size_t i = 0; i < text.size(); i += 2) {
-            const auto value = codec::strtolPairValue(text[i], text[i + 1]);
+            const auto value = strtolPair(static_cast<unsigned char>(text[i]),
+                                          static_cast<unsigned char>(text[i + 1]));
             if (!value && !badPair) badPair = i;
             bytes.push_back(value.value_or(0));
         }

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "Explain/ExplainTestSupport.hpp"
+#include "support/HexBytes.hpp"
 #include "support/TestSupport.hpp"
 #include "vastrel/Explain/CardRanges.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"

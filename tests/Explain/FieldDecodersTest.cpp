@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Explain/ExplainTestSupport.hpp"
+#include "support/HexBytes.hpp"
 #include "support/Vectors.hpp"
 #include "vastrel/Explain/FieldDecoders.hpp"
 
