@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build pkg-config
     libgtest-dev libgmock-dev libbenchmark-dev
-    libintelrdfpmath-dev nlohmann-json3-dev libcli11-dev iso-codes
+    libintelrdfpmath-dev nlohmann-json3-dev libcli11-dev iso-codes python3
 )
 # Extra groups for the heavier checks: scripts ask for them by name.
 foreign_architectures=()
