@@ -18,16 +18,15 @@ struct IccOptions {
     bool json = false;
 };
 
-// One element from "TAG=VALUE"; an empty value makes a zero-length element.
-TLVObject elementFromPair(const std::string& pair) {
+// One element from "TAG=VALUE"; an empty value makes a zero-length element. Errors name the
+// pair by its place among the arguments (counted from 1), since its value may be card data.
+TLVObject elementFromPair(const std::string& pair, std::size_t place) {
+    const std::string name = "pair " + std::to_string(place);
     const auto equals = pair.find('=');
-    if (equals == std::string::npos) {
-        throw InputError("expected TAG=VALUE, got '" + pair + "'");
-    }
-    const std::string tag = cleanHex(pair.substr(0, equals), "tag of '" + pair + "'");
+    if (equals == std::string::npos) throw InputError(name + ": expected TAG=VALUE");
+    const std::string tag = cleanHex(pair.substr(0, equals), "tag of " + name);
     const std::string valueText = pair.substr(equals + 1);
-    const std::string value =
-        valueText.empty() ? "" : cleanHex(valueText, "value of '" + pair + "'");
+    const std::string value = valueText.empty() ? "" : cleanHex(valueText, "value of " + name);
     TLVObject element(tag);
     element.setLength(std::to_string(value.size() / 2));
     element.setValue(value);
@@ -36,8 +35,8 @@ TLVObject elementFromPair(const std::string& pair) {
 
 CommandOutput runIcc(const IccOptions& options) {
     std::vector<TLVObject> elements;
-    for (const auto& pair : options.pairs)
-        elements.push_back(elementFromPair(pair));
+    for (std::size_t i = 0; i < options.pairs.size(); ++i)
+        elements.push_back(elementFromPair(options.pairs[i], i + 1));
     // The array form keeps the order given; the dictionary form would sort by tag.
     const std::string icc = TLVUtility::fetchIccDataStringFromEmvTagsArray(elements);
     if (options.json) return {dumpJson(Json{{"icc", icc}}), {}, {}};
