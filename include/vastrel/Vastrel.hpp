@@ -7,6 +7,7 @@
 #include "vastrel/Codec/BerLength.hpp"
 #include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Codec/BerValue.hpp"
+#include "vastrel/Codec/ChipData.hpp"
 #include "vastrel/Codec/DigitStringValues.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
 #include "vastrel/Codec/TLVDecoder.hpp"

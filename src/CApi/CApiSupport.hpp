@@ -3,15 +3,19 @@
 // What every function of the C interface shares: turning exceptions into status codes,
 // reading the caller's (pointer, length) text, and writing text into the caller's buffer.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <exception>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Platform/Bytes.hpp"
+#include "vastrel/Tags/PaymentScheme.hpp"
 #include "vastrel/vastrel.h"
 
 namespace vastrel::capi {
@@ -65,7 +69,8 @@ std::optional<std::string_view> optionalTextArgument(const char* text, std::size
 enum class Terminator { None, Nul };
 
 // Copies bytes (and a NUL with Terminator::Nul) into out, or reports the size needed; *length
-// receives bytes.size() either way. See vastrel.h.
+// receives bytes.size() either way. A size query (out NULL, capacity 0) returns VASTREL_OK
+// without touching the last error. See vastrel.h.
 vastrel_status writeBytes(std::span<const std::uint8_t> bytes, std::uint8_t* out,
                           std::size_t capacity, std::size_t* length, Terminator terminator);
 
@@ -73,9 +78,50 @@ vastrel_status writeBytes(std::span<const std::uint8_t> bytes, std::uint8_t* out
 vastrel_status writeText(std::string_view text, char* out, std::size_t capacity,
                          std::size_t* length);
 
+// writeText of bytes as uppercase hex, written straight into out.
+vastrel_status writeHex(std::span<const std::uint8_t> bytes, char* out, std::size_t capacity,
+                        std::size_t* length);
+
 // writeText of the value, or "" with VASTREL_ABSENT when there is none.
+vastrel_status writeOptionalText(const std::optional<std::string_view>& text, char* out,
+                                 std::size_t capacity, std::size_t* length);
 vastrel_status writeOptionalText(const std::optional<std::string>& text, char* out,
                                  std::size_t capacity, std::size_t* length);
+
+// The caller's input struct, which must declare a struct_size that covers every field this
+// version reads: fields added in later versions will be read only where struct_size
+// reaches them. nullptr stays nullptr.
+template <class T>
+const T* inputStruct(const T* input, const char* what) {
+    if (input != nullptr && input->struct_size < sizeof(T)) {
+        throw Failure{VASTREL_ERROR_INVALID_ARGUMENT, std::string(what) + ".struct_size is " +
+                                                          std::to_string(input->struct_size) +
+                                                          "; set it to sizeof the struct"};
+    }
+    return input;
+}
+
+// Writes full into the caller's struct out, whose struct_size says how much of it the
+// caller has: the fields after struct_size, as far as both sizes reach.
+template <class T>
+vastrel_status writeStruct(const T& full, T* out, std::size_t callerSize, const char* what) {
+    constexpr std::size_t kHeader = sizeof(std::size_t);
+    if (callerSize < kHeader) {
+        throw Failure{VASTREL_ERROR_INVALID_ARGUMENT,
+                      std::string(what) + ".struct_size is not set"};
+    }
+    const std::size_t size = std::min(callerSize, sizeof(T));
+    std::memcpy(reinterpret_cast<char*>(out) + kHeader,
+                reinterpret_cast<const char*>(&full) + kHeader, size - kHeader);
+    return VASTREL_OK;
+}
+
+// The name of tag in scheme's kernel from the full dictionary, or "" with VASTREL_ABSENT.
+vastrel_status writeTagName(std::uint32_t tag, PaymentScheme scheme, char* out,
+                            std::size_t capacity, std::size_t* length);
+
+// The C value of a strict read's error kind.
+int berErrorKindOf(BerErrorKind kind);
 
 // Throws INVALID_ARGUMENT when index is not below count.
 void requireIndex(std::size_t index, std::size_t count);

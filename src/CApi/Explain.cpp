@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <span>
 
 #include "CApiSupport.hpp"
@@ -24,30 +25,37 @@ vastrel_ber_node cNode(const BerNode& node, std::span<const std::uint8_t> data) 
     return out;
 }
 
-static_assert(static_cast<int>(BerErrorKind::TruncatedTag) + 1 == VASTREL_BER_TRUNCATED_TAG &&
-              static_cast<int>(BerErrorKind::TooDeep) + 1 == VASTREL_BER_TOO_DEEP);
-
 }  // namespace
 
 extern "C" {
 
 vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max_depth,
-                                vastrel_ber_node* nodes, size_t node_capacity, size_t* node_count,
-                                int* error_kind, size_t* error_offset) {
+                                vastrel_ber_node* nodes, size_t node_capacity, size_t node_size,
+                                size_t* node_count, int* error_kind, size_t* error_offset) {
     return guarded([&] {
         const auto input = bytesArgument(data, length, "data");
-        if (node_capacity != 0) require(nodes, "nodes");
+        if (node_capacity != 0) {
+            require(nodes, "nodes");
+            if (node_size == 0) {
+                return fail(VASTREL_ERROR_INVALID_ARGUMENT,
+                            "node_size is 0; pass sizeof(vastrel_ber_node)");
+            }
+        }
         require(node_count, "node_count");
         require(error_kind, "error_kind");
         require(error_offset, "error_offset");
         const BerReadResult result =
             BerReader::read(input, max_depth == 0 ? BerReader::kDefaultMaxDepth : max_depth);
         *node_count = result.nodes.size();
-        *error_kind = result.error ? static_cast<int>(result.error->kind) + 1 : VASTREL_BER_OK;
+        *error_kind = result.error ? berErrorKindOf(result.error->kind) : VASTREL_BER_OK;
         *error_offset = result.error ? result.error->offset : 0;
         const std::size_t written = std::min(node_capacity, result.nodes.size());
-        for (std::size_t i = 0; i < written; ++i)
-            nodes[i] = cNode(result.nodes[i], input);
+        // The caller's nodes may be shorter (an older header) or longer (a newer one).
+        auto* out = reinterpret_cast<unsigned char*>(nodes);
+        for (std::size_t i = 0; i < written; ++i) {
+            const vastrel_ber_node node = cNode(result.nodes[i], input);
+            std::memcpy(out + i * node_size, &node, std::min(node_size, sizeof node));
+        }
         if (written < result.nodes.size()) {
             return fail(VASTREL_ERROR_BUFFER_TOO_SMALL, "more nodes were read than fit");
         }

@@ -2,7 +2,7 @@
 
 #include "CApiSupport.hpp"
 #include "vastrel/Card/CreditCardHelper.hpp"
-#include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
 #include "vastrel/Enums/EnumStringValues.hpp"
 #include "vastrel/Receipt/ReceiptHelper.hpp"
 #include "vastrel/Tags/EMVTagHelper.hpp"
@@ -10,22 +10,57 @@
 using namespace vastrel;
 using namespace vastrel::capi;
 
+namespace {
+
+constexpr std::size_t kCvmResultsBytes = 3;
+constexpr std::size_t kBrandDigits = 6;
+
+// The CVM Results as the library's readers expect them: three bytes as uppercase hex.
+std::string cvmResults(const char* value, std::size_t length) {
+    const Bytes bytes = hexArgument(textArgument(value, length, "value"), "value");
+    if (bytes.size() != kCvmResultsBytes) {
+        throw Failure{VASTREL_ERROR_INVALID_ARGUMENT,
+                      "value: the CVM Results are 3 bytes, not " + std::to_string(bytes.size())};
+    }
+    return TLVUtility::dataToHexString(bytes);
+}
+
+// The tag as a number, from strict hex; tags longer than four bytes name nothing.
+std::uint32_t tagNumber(std::string_view hex) {
+    const Bytes bytes = hexArgument(hex, "tag");
+    BerNode node;
+    node.tag = bytes;
+    return node.tagNumber();
+}
+
+}  // namespace
+
 extern "C" {
 
 vastrel_status vastrel_tag_name(const char* tag, size_t tag_length, char* out, size_t out_capacity,
                                 size_t* out_length) {
     return guarded([&] {
-        return writeText(Tag::tagNameView(textArgument(tag, tag_length, "tag")), out, out_capacity,
-                         out_length);
+        return writeTagName(tagNumber(textArgument(tag, tag_length, "tag")), PaymentScheme::Any,
+                            out, out_capacity, out_length);
+    });
+}
+
+vastrel_status vastrel_tag_name_in_scheme(uint32_t tag, int scheme, char* out, size_t out_capacity,
+                                          size_t* out_length) {
+    return guarded([&] {
+        if (scheme < VASTREL_SCHEME_UNKNOWN || scheme > VASTREL_SCHEME_EFTPOS) {
+            return fail(VASTREL_ERROR_INVALID_ARGUMENT, "no scheme " + std::to_string(scheme));
+        }
+        return writeTagName(tag, static_cast<PaymentScheme>(scheme), out, out_capacity, out_length);
     });
 }
 
 vastrel_status vastrel_cvm_result_from_tlv(const char* value, size_t value_length,
                                            int64_t* result) {
     return guarded([&] {
+        const std::string results = cvmResults(value, value_length);
         require(result, "result");
-        *result = static_cast<int64_t>(
-            ReceiptHelper::cvmResultFromTlv(optionalTextArgument(value, value_length)));
+        *result = static_cast<int64_t>(ReceiptHelper::cvmResultFromTlv(results));
         return VASTREL_OK;
     });
 }
@@ -34,9 +69,10 @@ vastrel_status vastrel_cardholder_authentication_method_from_tlv(const char* val
                                                                  size_t value_length,
                                                                  uint64_t* method) {
     return guarded([&] {
+        const std::string results = cvmResults(value, value_length);
         require(method, "method");
-        *method = static_cast<uint64_t>(EMVTagHelper::cardholderAuthenticationMethodfromTlv(
-            optionalTextArgument(value, value_length)));
+        *method =
+            static_cast<uint64_t>(EMVTagHelper::cardholderAuthenticationMethodfromTlv(results));
         return VASTREL_OK;
     });
 }
@@ -45,10 +81,10 @@ vastrel_status vastrel_card_type_from_pan(const char* pan, size_t pan_length, ui
     return guarded([&] {
         const std::string_view number = textArgument(pan, pan_length, "pan");
         require(card_type, "card_type");
-        // The detector stops the program on such a number; here it is the caller's error.
-        if (!CreditCardHelper::hasDigitPrefix(number)) {
+        // The brand is read from six digits; the detector would stop the program on fewer.
+        if (number.size() < kBrandDigits || !CreditCardHelper::hasDigitPrefix(number)) {
             return fail(VASTREL_ERROR_INVALID_ARGUMENT,
-                        "the first six characters of a card number must be digits");
+                        "pan: a card number starts with six digits");
         }
         *card_type = static_cast<uint64_t>(CreditCardHelper().getCardTypeFromRedactedPan(number));
         return VASTREL_OK;

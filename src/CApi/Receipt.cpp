@@ -5,9 +5,7 @@
 #include <utility>
 
 #include "CApiSupport.hpp"
-#include "Codec/CodecRules.hpp"
-#include "vastrel/Codec/TLVDecoder.hpp"
-#include "vastrel/Codec/TLVFlatten.hpp"
+#include "vastrel/Codec/ChipData.hpp"
 #include "vastrel/Model/CardData.hpp"
 #include "vastrel/Model/GatewayResponse.hpp"
 #include "vastrel/Model/TransactionRequest.hpp"
@@ -26,20 +24,19 @@ std::optional<std::string> textOf(const char* text) {
     return text ? std::optional<std::string>(text) : std::nullopt;
 }
 
-// The chip data, which must be hex: the decoder itself would read junk as zeros.
+// The chip data, read strictly with every template opened.
 std::vector<TLVObject> chipElements(std::string_view hex) {
-    const bool allDigits = std::all_of(hex.begin(), hex.end(), [](char c) {
-        return codec::isHexDigit(static_cast<unsigned char>(c));
-    });
-    if (hex.size() % 2 != 0 || !allDigits) {
-        throw Failure{VASTREL_ERROR_INVALID_HEX, "emv_tlv_hex is not an even number of hex digits"};
+    ChipElements chip = ChipData::primitives(hexArgument(hex, "card.emv_tlv_hex"));
+    if (chip.error) {
+        throw Failure{VASTREL_ERROR_MALFORMED_DATA,
+                      "card.emv_tlv_hex: " + std::string(describe(chip.error->kind)) + " at byte " +
+                          std::to_string(chip.error->offset)};
     }
-    return TLVFlatten::primitives(
-        TLVDecoder::decodeWithTLVString(hex).value_or(std::vector<TLVObject>{}));
+    return std::move(chip.elements);
 }
 
 std::optional<CardData> cardOf(const vastrel_card_input* input) {
-    if (input == nullptr) return std::nullopt;
+    if (inputStruct(input, "card") == nullptr) return std::nullopt;
     CardData card;
     card.setPan(textOf(input->pan));
     card.setCardholderName(textOf(input->cardholder_name));
@@ -48,15 +45,22 @@ std::optional<CardData> cardOf(const vastrel_card_input* input) {
     return card;
 }
 
+Decimal amountOf(const char* text) {
+    try {
+        return Decimal(text);
+    } catch (const std::invalid_argument&) {
+        throw Failure{VASTREL_ERROR_INVALID_ARGUMENT,
+                      "gateway.approved_amount is not plain decimal text such as 12.50"};
+    }
+}
+
 std::optional<GatewayResponse> responseOf(const vastrel_gateway_input* input) {
-    if (input == nullptr) return std::nullopt;
+    if (inputStruct(input, "gateway") == nullptr) return std::nullopt;
     GatewayResponse response;
     response.setAuthCode(textOf(input->auth_code));
     response.setGatewayTransactionId(textOf(input->gateway_transaction_id));
-    // Text that is not a plain decimal throws std::invalid_argument, which the interface
-    // reports as VASTREL_ERROR_INVALID_ARGUMENT with the text in the message.
     if (input->approved_amount != nullptr)
-        response.setApprovedAmount(Decimal(input->approved_amount));
+        response.setApprovedAmount(amountOf(input->approved_amount));
     return response;
 }
 

@@ -1,38 +1,97 @@
-#include <charconv>
+#include <algorithm>
+#include <cstring>
+#include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "CApiSupport.hpp"
-#include "vastrel/Codec/TLVDecoder.hpp"
-#include "vastrel/Codec/TLVParser.hpp"
+#include "vastrel/Codec/BerReader.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
+#include "vastrel/Explain/ApplicationIdentifier.hpp"
+#include "vastrel/Explain/EmvDictionary.hpp"
 
 using namespace vastrel;
 using namespace vastrel::capi;
 
-// The handles behind the opaque C types. An element handle is the TLVObject itself.
-struct vastrel_tlv_list {
-    std::vector<TLVObject> elements;
+// An element handle: the strict reader's node, with where its children are listed.
+struct vastrel_tlv {
+    const vastrel_tlv_list* list;
+    BerNode node;
+    std::uint32_t firstChild;  // in the list's children
+    std::uint32_t childCount;
 };
 
-struct vastrel_string_list {
-    std::vector<std::string> strings;
+// A strict read: the bytes it points into, its elements in document order, and each
+// template's children (and the top level) as runs of a single index array, so that every
+// lookup by index takes constant time.
+struct vastrel_tlv_list {
+    Bytes data;
+    std::vector<vastrel_tlv> elements;
+    std::vector<std::uint32_t> children;  // indexes into elements, grouped by parent
+    std::uint32_t topLevelCount = 0;      // the first run of children
+    PaymentScheme scheme = PaymentScheme::Any;
+    std::optional<BerError> error;
 };
 
 namespace {
 
-const vastrel_tlv* handleOf(const TLVObject& element) {
-    return reinterpret_cast<const vastrel_tlv*>(&element);
-}
-
-const TLVObject& elementOf(const vastrel_tlv* handle) {
+const vastrel_tlv& elementOf(const vastrel_tlv* handle) {
     require(handle, "element");
-    return *reinterpret_cast<const TLVObject*>(handle);
+    return *handle;
 }
 
-const std::vector<TLVObject>& childrenOf(const TLVObject& element) {
-    static const std::vector<TLVObject> kNone;
-    return element.innerTlvs() ? *element.innerTlvs() : kNone;
+// Counts each parent's children, then lays the runs out: the top level first, then each
+// template's run in document order.
+void indexChildren(vastrel_tlv_list& list) {
+    auto& elements = list.elements;
+    std::uint32_t topLevel = 0;
+    for (const auto& element : elements) {
+        if (element.node.parent == BerNode::kNoParent) {
+            ++topLevel;
+        } else {
+            ++elements[element.node.parent].childCount;
+        }
+    }
+    std::uint32_t next = topLevel;
+    for (auto& element : elements) {
+        element.firstChild = next;
+        next += element.childCount;
+        element.childCount = 0;  // counted again below, as the slots fill
+    }
+    list.children.resize(next);
+    list.topLevelCount = 0;
+    for (std::uint32_t i = 0; i < elements.size(); ++i) {
+        const std::uint32_t parent = elements[i].node.parent;
+        if (parent == BerNode::kNoParent) {
+            list.children[list.topLevelCount++] = i;
+        } else {
+            auto& owner = elements[parent];
+            list.children[owner.firstChild + owner.childCount++] = i;
+        }
+    }
+}
+
+vastrel_status decode(Bytes data, vastrel_tlv_list** out) {
+    auto list = std::make_unique<vastrel_tlv_list>();
+    list->data = std::move(data);
+    BerReadResult read;
+    BerReader::read(list->data, read);
+    list->error = read.error;
+    list->scheme = ApplicationIdentifier::schemeOf(read.nodes);
+    list->elements.reserve(read.nodes.size());
+    for (const BerNode& node : read.nodes)
+        list->elements.push_back({list.get(), node, 0, 0});
+    indexChildren(*list);
+    *out = list.release();
+    if (!read.error) return VASTREL_OK;
+    return fail(VASTREL_ERROR_MALFORMED_DATA, std::string(describe(read.error->kind)) +
+                                                  " at byte " + std::to_string(read.error->offset));
+}
+
+const vastrel_tlv* childOf(const vastrel_tlv_list& list, std::uint32_t first, std::uint32_t count,
+                           std::size_t index) {
+    requireIndex(index, count);
+    return &list.elements[list.children[first + index]];
 }
 
 }  // namespace
@@ -43,8 +102,36 @@ vastrel_status vastrel_tlv_decode(const char* hex, size_t hex_length, vastrel_tl
     return guarded([&] {
         require(out, "out");
         *out = nullptr;
-        auto elements = TLVDecoder::decodeWithTLVString(optionalTextArgument(hex, hex_length));
-        *out = new vastrel_tlv_list{std::move(elements).value_or(std::vector<TLVObject>{})};
+        return decode(hexArgument(textArgument(hex, hex_length, "hex"), "hex"), out);
+    });
+}
+
+vastrel_status vastrel_tlv_decode_bytes(const uint8_t* data, size_t length,
+                                        vastrel_tlv_list** out) {
+    return guarded([&] {
+        require(out, "out");
+        *out = nullptr;
+        const auto bytes = bytesArgument(data, length, "data");
+        return decode(Bytes(bytes.begin(), bytes.end()), out);
+    });
+}
+
+vastrel_status vastrel_tlv_list_error(const vastrel_tlv_list* list, int* kind, size_t* offset) {
+    return guarded([&] {
+        require(list, "list");
+        require(kind, "kind");
+        require(offset, "offset");
+        *kind = list->error ? berErrorKindOf(list->error->kind) : VASTREL_BER_OK;
+        *offset = list->error ? list->error->offset : 0;
+        return VASTREL_OK;
+    });
+}
+
+vastrel_status vastrel_tlv_list_scheme(const vastrel_tlv_list* list, int* scheme) {
+    return guarded([&] {
+        require(list, "list");
+        require(scheme, "scheme");
+        *scheme = static_cast<int>(list->scheme);
         return VASTREL_OK;
     });
 }
@@ -53,7 +140,7 @@ vastrel_status vastrel_tlv_list_count(const vastrel_tlv_list* list, size_t* coun
     return guarded([&] {
         require(list, "list");
         require(count, "count");
-        *count = list->elements.size();
+        *count = list->topLevelCount;
         return VASTREL_OK;
     });
 }
@@ -63,8 +150,7 @@ vastrel_status vastrel_tlv_list_at(const vastrel_tlv_list* list, size_t index,
     return guarded([&] {
         require(list, "list");
         require(element, "element");
-        requireIndex(index, list->elements.size());
-        *element = handleOf(list->elements[index]);
+        *element = childOf(*list, 0, list->topLevelCount, index);
         return VASTREL_OK;
     });
 }
@@ -73,9 +159,9 @@ void vastrel_tlv_list_free(vastrel_tlv_list* list) { delete list; }
 
 vastrel_status vastrel_tlv_child_count(const vastrel_tlv* element, size_t* count) {
     return guarded([&] {
-        const TLVObject& parent = elementOf(element);
+        const vastrel_tlv& parent = elementOf(element);
         require(count, "count");
-        *count = childrenOf(parent).size();
+        *count = parent.childCount;
         return VASTREL_OK;
     });
 }
@@ -83,77 +169,47 @@ vastrel_status vastrel_tlv_child_count(const vastrel_tlv* element, size_t* count
 vastrel_status vastrel_tlv_child_at(const vastrel_tlv* element, size_t index,
                                     const vastrel_tlv** child) {
     return guarded([&] {
-        const auto& children = childrenOf(elementOf(element));
+        const vastrel_tlv& parent = elementOf(element);
         require(child, "child");
-        requireIndex(index, children.size());
-        *child = handleOf(children[index]);
+        *child = childOf(*parent.list, parent.firstChild, parent.childCount, index);
         return VASTREL_OK;
+    });
+}
+
+vastrel_status vastrel_tlv_get_info(const vastrel_tlv* element, vastrel_tlv_info* info) {
+    return guarded([&] {
+        const BerNode& node = elementOf(element).node;
+        require(info, "info");
+        vastrel_tlv_info full{};
+        full.struct_size = sizeof full;
+        full.tag = node.tagNumber();
+        full.depth = node.depth;
+        full.constructed = node.constructed ? 1 : 0;
+        full.offset = node.offset;
+        full.value_length = node.value.size();
+        full.value = node.value.data();
+        return writeStruct(full, info, info->struct_size, "info");
     });
 }
 
 vastrel_status vastrel_tlv_tag(const vastrel_tlv* element, char* out, size_t out_capacity,
                                size_t* out_length) {
     return guarded(
-        [&] { return writeOptionalText(elementOf(element).tag(), out, out_capacity, out_length); });
+        [&] { return writeHex(elementOf(element).node.tag, out, out_capacity, out_length); });
 }
 
 vastrel_status vastrel_tlv_name(const vastrel_tlv* element, char* out, size_t out_capacity,
                                 size_t* out_length) {
     return guarded([&] {
-        return writeOptionalText(elementOf(element).tagName(), out, out_capacity, out_length);
+        const vastrel_tlv& e = elementOf(element);
+        return writeTagName(e.node.tagNumber(), e.list->scheme, out, out_capacity, out_length);
     });
 }
 
 vastrel_status vastrel_tlv_value(const vastrel_tlv* element, char* out, size_t out_capacity,
                                  size_t* out_length) {
-    return guarded([&] {
-        return writeOptionalText(elementOf(element).value(), out, out_capacity, out_length);
-    });
+    return guarded(
+        [&] { return writeHex(elementOf(element).node.value, out, out_capacity, out_length); });
 }
-
-vastrel_status vastrel_tlv_length(const vastrel_tlv* element, int64_t* length) {
-    return guarded([&] {
-        const auto& text = elementOf(element).length();
-        require(length, "length");
-        *length = 0;
-        if (!text) return VASTREL_ABSENT;
-        const auto [end, error] =
-            std::from_chars(text->data(), text->data() + text->size(), *length);
-        if (error != std::errc() || end != text->data() + text->size()) {
-            return fail(VASTREL_ERROR_INTERNAL, "length is not a number: " + *text);
-        }
-        return VASTREL_OK;
-    });
-}
-
-vastrel_status vastrel_tlv_split(const char* hex, size_t hex_length, vastrel_string_list** out) {
-    return guarded([&] {
-        require(out, "out");
-        *out = nullptr;
-        auto pieces = TLVParser::splitTLVData(textArgument(hex, hex_length, "hex"));
-        *out = new vastrel_string_list{std::move(pieces)};
-        return VASTREL_OK;
-    });
-}
-
-vastrel_status vastrel_string_list_count(const vastrel_string_list* list, size_t* count) {
-    return guarded([&] {
-        require(list, "list");
-        require(count, "count");
-        *count = list->strings.size();
-        return VASTREL_OK;
-    });
-}
-
-vastrel_status vastrel_string_list_at(const vastrel_string_list* list, size_t index, char* out,
-                                      size_t out_capacity, size_t* out_length) {
-    return guarded([&] {
-        require(list, "list");
-        requireIndex(index, list->strings.size());
-        return writeText(list->strings[index], out, out_capacity, out_length);
-    });
-}
-
-void vastrel_string_list_free(vastrel_string_list* list) { delete list; }
 
 }  // extern "C"

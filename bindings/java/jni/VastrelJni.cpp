@@ -1,11 +1,13 @@
 // The JNI shim of dev.vastrel.NativeLib, over the C interface only. Text crosses as UTF-8
-// byte arrays; a failed C call becomes an IllegalArgumentException carrying the library's
-// message, and a Java exception is never left pending across a further JNI call.
+// byte arrays; a failed C call becomes a dev.vastrel.VastrelException carrying the library's
+// status and message (an OutOfMemoryError when memory ran out), no C++ exception leaves a
+// native method, and a Java exception is never left pending across a further JNI call.
 #include <jni.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,17 +19,32 @@ namespace {
 // A pending Java exception, raised on the way out of a native method.
 struct JavaThrown {};
 
-void throwIllegalArgument(JNIEnv* env, const std::string& message) {
+void throwJava(JNIEnv* env, const char* type, const std::string& message) {
     if (env->ExceptionCheck()) return;
-    jclass type = env->FindClass("java/lang/IllegalArgumentException");
-    if (type != nullptr) env->ThrowNew(type, message.c_str());
+    jclass found = env->FindClass(type);
+    if (found != nullptr) env->ThrowNew(found, message.c_str());
+}
+
+void throwVastrel(JNIEnv* env, vastrel_status status, const std::string& message) {
+    if (status == VASTREL_ERROR_OUT_OF_MEMORY) {
+        throwJava(env, "java/lang/OutOfMemoryError", message);
+        return;
+    }
+    if (env->ExceptionCheck()) return;
+    jclass type = env->FindClass("dev/vastrel/VastrelException");
+    if (type == nullptr) return;
+    jmethodID make = env->GetMethodID(type, "<init>", "(ILjava/lang/String;)V");
+    jstring text = env->NewStringUTF(message.c_str());
+    if (make == nullptr || text == nullptr) return;
+    auto* thrown =
+        static_cast<jthrowable>(env->NewObject(type, make, static_cast<jint>(status), text));
+    if (thrown != nullptr) env->Throw(thrown);
 }
 
 // Throws for any error status; VASTREL_OK and VASTREL_ABSENT pass.
 vastrel_status check(JNIEnv* env, vastrel_status status) {
     if (status < 0) {
-        throwIllegalArgument(
-            env, std::string(vastrel_status_text(status)) + ": " + vastrel_last_error_message());
+        throwVastrel(env, status, vastrel_last_error_message());
         throw JavaThrown{};
     }
     return status;
@@ -74,14 +91,20 @@ jbyteArray textResult(JNIEnv* env, Write&& write) {
     return arrayOf(env, large.data(), length);
 }
 
-// Runs body and turns a pending Java exception into the native method's return.
+// Runs body and turns a pending Java exception, or any C++ exception, into the native
+// method's return with a Java exception pending.
 template <class Result, class Body>
-Result guarded(Body&& body) {
+Result guarded(JNIEnv* env, Body&& body) noexcept {
     try {
         return body();
     } catch (const JavaThrown&) {
-        return Result{};
+    } catch (const std::bad_alloc&) {
+        throwJava(env, "java/lang/OutOfMemoryError", "out of memory in the Vastrel binding");
+    } catch (...) {
+        throwJava(env, "java/lang/IllegalStateException",
+                  "internal failure in the Vastrel binding");
     }
+    return Result{};
 }
 
 template <class Pointer>
@@ -94,34 +117,36 @@ jlong handleOf(Pointer* pointer) {
     return static_cast<jlong>(reinterpret_cast<std::intptr_t>(pointer));
 }
 
-// The log handler: one global reference to a Consumer<String>, replaced under a lock.
+// The log handler. Its context is a global reference to the Consumer<String>; the C interface
+// guarantees that once a callback is replaced it is not running and never runs again, so the
+// old reference can then be deleted.
 JavaVM* javaVm = nullptr;
 jclass stringClass = nullptr;         // global reference, taken when the library loads
 jmethodID stringFromBytes = nullptr;  // String(byte[], String charsetName)
-std::recursive_mutex logMutex;        // a handler may replace itself
+jmethodID acceptMethod = nullptr;     // Consumer.accept(Object)
+std::mutex logMutex;                  // serialises replacements
 jobject logHandler = nullptr;
-jmethodID acceptMethod = nullptr;
 
-void deliverLogLine(void*, const char* line, std::size_t length) {
+void deliverLogLine(void* handler, const char* line, std::size_t length) {
     JNIEnv* env = nullptr;
     bool attached = false;
     if (javaVm->GetEnv(reinterpret_cast<void**>(&env), JNI_VERSION_1_8) == JNI_EDETACHED) {
         if (javaVm->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr) != JNI_OK) return;
         attached = true;
     }
-    {
-        const std::lock_guard lock(logMutex);
-        if (logHandler != nullptr && env->PushLocalFrame(4) == JNI_OK) {
-            jbyteArray bytes = env->NewByteArray(static_cast<jsize>(length));
+    if (env->PushLocalFrame(4) == JNI_OK) {
+        jbyteArray bytes = env->NewByteArray(static_cast<jsize>(length));
+        if (bytes != nullptr) {
             env->SetByteArrayRegion(bytes, 0, static_cast<jsize>(length),
                                     reinterpret_cast<const jbyte*>(line));
             jobject text =
                 env->NewObject(stringClass, stringFromBytes, bytes, env->NewStringUTF("UTF-8"));
-            if (text != nullptr) env->CallVoidMethod(logHandler, acceptMethod, text);
-            // A handler that throws loses its line; the library's caller carries on.
-            if (env->ExceptionCheck()) env->ExceptionClear();
-            env->PopLocalFrame(nullptr);
+            if (text != nullptr)
+                env->CallVoidMethod(static_cast<jobject>(handler), acceptMethod, text);
         }
+        // A handler that throws loses its line; the library's caller carries on.
+        if (env->ExceptionCheck()) env->ExceptionClear();
+        env->PopLocalFrame(nullptr);
     }
     if (attached) javaVm->DetachCurrentThread();
 }
@@ -138,13 +163,20 @@ JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM* vm, void*) {
     if (local == nullptr) return JNI_ERR;
     stringClass = static_cast<jclass>(env->NewGlobalRef(local));
     stringFromBytes = env->GetMethodID(stringClass, "<init>", "([BLjava/lang/String;)V");
-    return stringFromBytes == nullptr ? JNI_ERR : JNI_VERSION_1_8;
+    jclass consumer = env->FindClass("java/util/function/Consumer");
+    if (consumer == nullptr) return JNI_ERR;
+    acceptMethod = env->GetMethodID(consumer, "accept", "(Ljava/lang/Object;)V");
+    return stringFromBytes == nullptr || acceptMethod == nullptr ? JNI_ERR : JNI_VERSION_1_8;
 }
 
 #define VASTREL_JNI(name) Java_dev_vastrel_NativeLib_##name
 
+JNIEXPORT jstring JNICALL VASTREL_JNI(version)(JNIEnv* env, jclass) {
+    return env->NewStringUTF(vastrel_version());
+}
+
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(hexToBytes)(JNIEnv* env, jclass, jbyteArray hex) {
-    return guarded<jbyteArray>([&] {
+    return guarded<jbyteArray>(env, [&] {
         const auto text = bytesOf(env, hex);
         std::size_t length = 0;
         std::vector<std::uint8_t> bytes(sizeOf(text) / 2);
@@ -154,8 +186,17 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(hexToBytes)(JNIEnv* env, jclass, jbyteA
     });
 }
 
+JNIEXPORT jbyteArray JNICALL VASTREL_JNI(hexClean)(JNIEnv* env, jclass, jbyteArray text) {
+    return guarded<jbyteArray>(env, [&] {
+        const auto bytes = bytesOf(env, text);
+        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
+            return vastrel_hex_clean(dataOf(bytes), sizeOf(bytes), out, capacity, length);
+        });
+    });
+}
+
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(bytesToHex)(JNIEnv* env, jclass, jbyteArray data) {
-    return guarded<jbyteArray>([&] {
+    return guarded<jbyteArray>(env, [&] {
         const auto bytes = bytesOf(env, data);
         return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
             return vastrel_bytes_to_hex(reinterpret_cast<const std::uint8_t*>(dataOf(bytes)),
@@ -164,82 +205,96 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(bytesToHex)(JNIEnv* env, jclass, jbyteA
     });
 }
 
-JNIEXPORT jbyteArray JNICALL VASTREL_JNI(textToHex)(JNIEnv* env, jclass, jbyteArray text) {
-    return guarded<jbyteArray>([&] {
-        const auto bytes = bytesOf(env, text);
-        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
-            return vastrel_text_to_hex(dataOf(bytes), sizeOf(bytes), out, capacity, length);
-        });
+namespace {
+
+// The strict read of bytes, packed for TlvList: count, fault kind, fault offset, 0, then
+// eight numbers per element.
+jintArray packedRead(JNIEnv* env, const std::uint8_t* bytes, std::size_t size) {
+    constexpr std::size_t kHeader = 4;
+    constexpr std::size_t kFields = 8;
+    // At most one element per two bytes: a tag and a length byte each.
+    std::vector<vastrel_ber_node> nodes(size / 2 + 1);
+    std::size_t count = 0;
+    int kind = 0;
+    std::size_t offset = 0;
+    check(env, vastrel_ber_read(bytes, size, 0, nodes.data(), nodes.size(),
+                                sizeof(vastrel_ber_node), &count, &kind, &offset));
+    std::vector<jint> packed(kHeader + kFields * count);
+    packed[0] = static_cast<jint>(count);
+    packed[1] = kind;
+    packed[2] = static_cast<jint>(offset);
+    jint* at = packed.data() + kHeader;
+    for (std::size_t i = 0; i < count; ++i, at += kFields) {
+        const vastrel_ber_node& node = nodes[i];
+        at[0] = static_cast<jint>(node.tag);
+        at[1] = static_cast<jint>(node.depth);
+        at[2] = node.parent == VASTREL_BER_NO_PARENT ? -1 : static_cast<jint>(node.parent);
+        at[3] = node.constructed;
+        at[4] = static_cast<jint>(node.value_offset);
+        at[5] = static_cast<jint>(node.value_length);
+        at[6] = static_cast<jint>(node.offset);
+        at[7] = static_cast<jint>(node.tag_length);
+    }
+    jintArray array = env->NewIntArray(static_cast<jsize>(packed.size()));
+    if (array == nullptr) throw JavaThrown{};
+    env->SetIntArrayRegion(array, 0, static_cast<jsize>(packed.size()), packed.data());
+    return array;
+}
+
+}  // namespace
+
+JNIEXPORT jintArray JNICALL VASTREL_JNI(decodeHex)(JNIEnv* env, jclass, jstring hex,
+                                                   jbyteArray data) {
+    return guarded<jintArray>(env, [&] {
+        // Hex is ASCII; anything else is refused by the strict reader below, at its offset.
+        const jsize characters = env->GetStringLength(hex);
+        std::string text(static_cast<std::size_t>(env->GetStringUTFLength(hex)), '\0');
+        env->GetStringUTFRegion(hex, 0, characters, text.data());
+        std::vector<std::uint8_t> bytes(static_cast<std::size_t>(env->GetArrayLength(data)));
+        std::size_t length = 0;
+        check(env,
+              vastrel_hex_to_bytes(text.data(), text.size(), bytes.data(), bytes.size(), &length));
+        env->SetByteArrayRegion(data, 0, static_cast<jsize>(length),
+                                reinterpret_cast<const jbyte*>(bytes.data()));
+        return packedRead(env, bytes.data(), length);
     });
 }
 
-JNIEXPORT jbyteArray JNICALL VASTREL_JNI(hexToText)(JNIEnv* env, jclass, jbyteArray hex) {
-    return guarded<jbyteArray>([&] {
-        const auto bytes = bytesOf(env, hex);
-        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
-            return vastrel_hex_to_text(dataOf(bytes), sizeOf(bytes), out, capacity, length);
-        });
-    });
-}
-
-JNIEXPORT jobjectArray JNICALL VASTREL_JNI(split)(JNIEnv* env, jclass, jbyteArray hex) {
-    return guarded<jobjectArray>([&]() -> jobjectArray {
-        const auto bytes = bytesOf(env, hex);
-        vastrel_string_list* list = nullptr;
-        check(env, vastrel_tlv_split(dataOf(bytes), sizeOf(bytes), &list));
-        struct Release {
-            vastrel_string_list* list;
-            ~Release() { vastrel_string_list_free(list); }
-        } release{list};
-        std::size_t count = 0;
-        check(env, vastrel_string_list_count(list, &count));
-        jclass bytesClass = env->FindClass("[B");
-        jobjectArray pieces = env->NewObjectArray(static_cast<jsize>(count), bytesClass, nullptr);
-        if (pieces == nullptr) throw JavaThrown{};
-        for (std::size_t i = 0; i < count; ++i) {
-            jbyteArray piece =
-                textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
-                    return vastrel_string_list_at(list, i, out, capacity, length);
-                });
-            env->SetObjectArrayElement(pieces, static_cast<jsize>(i), piece);
-            env->DeleteLocalRef(piece);
-        }
-        return pieces;
-    });
-}
-
-JNIEXPORT jlongArray JNICALL VASTREL_JNI(readBer)(JNIEnv* env, jclass, jbyteArray data,
-                                                  jint maxDepth) {
-    return guarded<jlongArray>([&] {
+JNIEXPORT jintArray JNICALL VASTREL_JNI(decodeBytes)(JNIEnv* env, jclass, jbyteArray data) {
+    return guarded<jintArray>(env, [&] {
         const auto bytes = bytesOf(env, data);
-        const auto* input = reinterpret_cast<const std::uint8_t*>(dataOf(bytes));
-        const auto depth = static_cast<std::uint32_t>(std::max<jint>(maxDepth, 0));
-        std::size_t count = 0;
-        int kind = 0;
-        std::size_t offset = 0;
-        std::vector<vastrel_ber_node> nodes(sizeOf(bytes) / 2 + 1);
-        check(env, vastrel_ber_read(input, sizeOf(bytes), depth, nodes.data(), nodes.size(), &count,
-                                    &kind, &offset));
-        std::vector<jlong> packed = {static_cast<jlong>(count), kind, static_cast<jlong>(offset)};
-        for (std::size_t i = 0; i < count; ++i) {
-            const vastrel_ber_node& node = nodes[i];
-            packed.insert(
-                packed.end(),
-                {static_cast<jint>(node.tag), static_cast<jlong>(node.offset),
-                 static_cast<jlong>(node.tag_length), static_cast<jlong>(node.value_offset),
-                 static_cast<jlong>(node.value_length), node.depth, static_cast<jint>(node.parent),
-                 node.subtree_end, node.constructed});
-        }
-        jlongArray array = env->NewLongArray(static_cast<jsize>(packed.size()));
-        if (array == nullptr) throw JavaThrown{};
-        env->SetLongArrayRegion(array, 0, static_cast<jsize>(packed.size()), packed.data());
-        return array;
+        return packedRead(env, reinterpret_cast<const std::uint8_t*>(dataOf(bytes)), sizeOf(bytes));
+    });
+}
+
+JNIEXPORT jint JNICALL VASTREL_JNI(schemeOf)(JNIEnv* env, jclass, jbyteArray data) {
+    return guarded<jint>(env, [&] {
+        const auto bytes = bytesOf(env, data);
+        vastrel_tlv_list* list = nullptr;
+        // The data read once already; a fault here only ends the search for an AID early.
+        const vastrel_status status = vastrel_tlv_decode_bytes(
+            reinterpret_cast<const std::uint8_t*>(dataOf(bytes)), sizeOf(bytes), &list);
+        int scheme = VASTREL_SCHEME_UNKNOWN;
+        if (list != nullptr) vastrel_tlv_list_scheme(list, &scheme);
+        vastrel_tlv_list_free(list);
+        if (status != VASTREL_ERROR_MALFORMED_DATA) check(env, status);
+        return static_cast<jint>(scheme);
+    });
+}
+
+JNIEXPORT jbyteArray JNICALL VASTREL_JNI(tagNameInScheme)(JNIEnv* env, jclass, jint tag,
+                                                          jint scheme) {
+    return guarded<jbyteArray>(env, [&] {
+        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
+            return vastrel_tag_name_in_scheme(static_cast<std::uint32_t>(tag), scheme, out,
+                                              capacity, length);
+        });
     });
 }
 
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainJson)(JNIEnv* env, jclass, jbyteArray data,
                                                       jboolean showSensitive) {
-    return guarded<jbyteArray>([&] {
+    return guarded<jbyteArray>(env, [&] {
         const auto bytes = bytesOf(env, data);
         return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
             return vastrel_explain_json(reinterpret_cast<const std::uint8_t*>(dataOf(bytes)),
@@ -249,78 +304,8 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainJson)(JNIEnv* env, jclass, jbyte
     });
 }
 
-JNIEXPORT jlong JNICALL VASTREL_JNI(decode)(JNIEnv* env, jclass, jbyteArray hex) {
-    return guarded<jlong>([&] {
-        const auto bytes = bytesOf(env, hex);
-        vastrel_tlv_list* list = nullptr;
-        check(env, vastrel_tlv_decode(dataOf(bytes), sizeOf(bytes), &list));
-        return handleOf(list);
-    });
-}
-
-JNIEXPORT void JNICALL VASTREL_JNI(freeList)(JNIEnv*, jclass, jlong list) {
-    vastrel_tlv_list_free(pointerOf<vastrel_tlv_list>(list));
-}
-
-JNIEXPORT jint JNICALL VASTREL_JNI(listCount)(JNIEnv* env, jclass, jlong list) {
-    return guarded<jint>([&] {
-        std::size_t count = 0;
-        check(env, vastrel_tlv_list_count(pointerOf<vastrel_tlv_list>(list), &count));
-        return static_cast<jint>(count);
-    });
-}
-
-JNIEXPORT jlong JNICALL VASTREL_JNI(listAt)(JNIEnv* env, jclass, jlong list, jint index) {
-    return guarded<jlong>([&] {
-        const vastrel_tlv* element = nullptr;
-        check(env, vastrel_tlv_list_at(pointerOf<vastrel_tlv_list>(list),
-                                       static_cast<std::size_t>(index), &element));
-        return handleOf(element);
-    });
-}
-
-JNIEXPORT jint JNICALL VASTREL_JNI(childCount)(JNIEnv* env, jclass, jlong element) {
-    return guarded<jint>([&] {
-        std::size_t count = 0;
-        check(env, vastrel_tlv_child_count(pointerOf<const vastrel_tlv>(element), &count));
-        return static_cast<jint>(count);
-    });
-}
-
-JNIEXPORT jlong JNICALL VASTREL_JNI(childAt)(JNIEnv* env, jclass, jlong element, jint index) {
-    return guarded<jlong>([&] {
-        const vastrel_tlv* child = nullptr;
-        check(env, vastrel_tlv_child_at(pointerOf<const vastrel_tlv>(element),
-                                        static_cast<std::size_t>(index), &child));
-        return handleOf(child);
-    });
-}
-
-JNIEXPORT jbyteArray JNICALL VASTREL_JNI(elementText)(JNIEnv* env, jclass, jlong element,
-                                                      jint which) {
-    using Reader = vastrel_status (*)(const vastrel_tlv*, char*, std::size_t, std::size_t*);
-    static constexpr Reader kReaders[] = {vastrel_tlv_tag, vastrel_tlv_name, vastrel_tlv_value};
-    return guarded<jbyteArray>([&] {
-        if (which < 0 || which > 2) {
-            throwIllegalArgument(env, "no element text " + std::to_string(which));
-            throw JavaThrown{};
-        }
-        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
-            return kReaders[which](pointerOf<const vastrel_tlv>(element), out, capacity, length);
-        });
-    });
-}
-
-JNIEXPORT jlong JNICALL VASTREL_JNI(elementLength)(JNIEnv* env, jclass, jlong element) {
-    return guarded<jlong>([&] {
-        std::int64_t length = 0;
-        check(env, vastrel_tlv_length(pointerOf<const vastrel_tlv>(element), &length));
-        return static_cast<jlong>(length);
-    });
-}
-
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(tagName)(JNIEnv* env, jclass, jbyteArray tag) {
-    return guarded<jbyteArray>([&] {
+    return guarded<jbyteArray>(env, [&] {
         const auto bytes = bytesOf(env, tag);
         return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
             return vastrel_tag_name(dataOf(bytes), sizeOf(bytes), out, capacity, length);
@@ -329,7 +314,7 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(tagName)(JNIEnv* env, jclass, jbyteArra
 }
 
 JNIEXPORT jlong JNICALL VASTREL_JNI(cvmResultFromTlv)(JNIEnv* env, jclass, jbyteArray value) {
-    return guarded<jlong>([&] {
+    return guarded<jlong>(env, [&] {
         const auto bytes = bytesOf(env, value);
         std::int64_t result = 0;
         check(env, vastrel_cvm_result_from_tlv(dataOf(bytes), sizeOf(bytes), &result));
@@ -339,7 +324,7 @@ JNIEXPORT jlong JNICALL VASTREL_JNI(cvmResultFromTlv)(JNIEnv* env, jclass, jbyte
 
 JNIEXPORT jlong JNICALL VASTREL_JNI(cardholderAuthenticationMethodFromTlv)(JNIEnv* env, jclass,
                                                                            jbyteArray value) {
-    return guarded<jlong>([&] {
+    return guarded<jlong>(env, [&] {
         const auto bytes = bytesOf(env, value);
         std::uint64_t method = 0;
         check(env, vastrel_cardholder_authentication_method_from_tlv(dataOf(bytes), sizeOf(bytes),
@@ -349,7 +334,7 @@ JNIEXPORT jlong JNICALL VASTREL_JNI(cardholderAuthenticationMethodFromTlv)(JNIEn
 }
 
 JNIEXPORT jlong JNICALL VASTREL_JNI(cardTypeFromPan)(JNIEnv* env, jclass, jbyteArray pan) {
-    return guarded<jlong>([&] {
+    return guarded<jlong>(env, [&] {
         const auto bytes = bytesOf(env, pan);
         std::uint64_t type = 0;
         check(env, vastrel_card_type_from_pan(dataOf(bytes), sizeOf(bytes), &type));
@@ -359,7 +344,7 @@ JNIEXPORT jlong JNICALL VASTREL_JNI(cardTypeFromPan)(JNIEnv* env, jclass, jbyteA
 
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(enumDisplayString)(JNIEnv* env, jclass, jlong type,
                                                             jlong value) {
-    return guarded<jbyteArray>([&] {
+    return guarded<jbyteArray>(env, [&] {
         return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
             return vastrel_enum_display_string(static_cast<std::uint64_t>(type),
                                                static_cast<std::uint64_t>(value), out, capacity,
@@ -371,7 +356,7 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(enumDisplayString)(JNIEnv* env, jclass,
 JNIEXPORT jlong JNICALL VASTREL_JNI(buildReceipt)(JNIEnv* env, jclass, jboolean emv,
                                                   jlong transactionType, jobjectArray gateway,
                                                   jobjectArray card, jlong cardSource) {
-    return guarded<jlong>([&] {
+    return guarded<jlong>(env, [&] {
         // Entry i of texts, NUL-terminated by std::string; absent for null.
         const auto entries = [&](jobjectArray texts) {
             std::vector<std::optional<std::string>> result(3);
@@ -385,10 +370,11 @@ JNIEXPORT jlong JNICALL VASTREL_JNI(buildReceipt)(JNIEnv* env, jclass, jboolean 
         const auto gatewayTexts = entries(gateway);
         const auto cardTexts = entries(card);
         const vastrel_gateway_input gatewayInput = {
-            dataOf(gatewayTexts[0]), dataOf(gatewayTexts[1]), dataOf(gatewayTexts[2])};
-        const vastrel_card_input cardInput = {dataOf(cardTexts[0]), dataOf(cardTexts[1]),
-                                              static_cast<std::uint64_t>(cardSource),
-                                              dataOf(cardTexts[2])};
+            sizeof(vastrel_gateway_input), dataOf(gatewayTexts[0]), dataOf(gatewayTexts[1]),
+            dataOf(gatewayTexts[2])};
+        const vastrel_card_input cardInput = {
+            sizeof(vastrel_card_input), dataOf(cardTexts[0]), dataOf(cardTexts[1]),
+            static_cast<std::uint64_t>(cardSource), dataOf(cardTexts[2])};
         const vastrel_gateway_input* gatewayArgument = gateway ? &gatewayInput : nullptr;
         const vastrel_card_input* cardArgument = card ? &cardInput : nullptr;
         vastrel_receipt* receipt = nullptr;
@@ -405,7 +391,7 @@ JNIEXPORT void JNICALL VASTREL_JNI(freeReceipt)(JNIEnv*, jclass, jlong receipt) 
 
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(receiptText)(JNIEnv* env, jclass, jlong receipt,
                                                       jint field) {
-    return guarded<jbyteArray>([&] {
+    return guarded<jbyteArray>(env, [&] {
         return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
             return vastrel_receipt_text(pointerOf<const vastrel_receipt>(receipt), field, out,
                                         capacity, length);
@@ -415,7 +401,7 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(receiptText)(JNIEnv* env, jclass, jlong
 
 JNIEXPORT jlongArray JNICALL VASTREL_JNI(receiptNumber)(JNIEnv* env, jclass, jlong receipt,
                                                         jint field) {
-    return guarded<jlongArray>([&]() -> jlongArray {
+    return guarded<jlongArray>(env, [&]() -> jlongArray {
         std::int64_t value = 0;
         const vastrel_status status = check(
             env, vastrel_receipt_number(pointerOf<const vastrel_receipt>(receipt), field, &value));
@@ -429,22 +415,16 @@ JNIEXPORT jlongArray JNICALL VASTREL_JNI(receiptNumber)(JNIEnv* env, jclass, jlo
 }
 
 JNIEXPORT void JNICALL VASTREL_JNI(setLogHandler)(JNIEnv* env, jclass, jobject handler) {
-    const std::lock_guard lock(logMutex);
-    if (logHandler != nullptr) env->DeleteGlobalRef(logHandler);
-    logHandler = nullptr;
-    if (handler == nullptr) {
-        vastrel_set_log_callback(nullptr, nullptr);
-        return;
-    }
-    jclass consumer = env->FindClass("java/util/function/Consumer");
-    if (consumer == nullptr) return;
-    acceptMethod = env->GetMethodID(consumer, "accept", "(Ljava/lang/Object;)V");
-    logHandler = env->NewGlobalRef(handler);
-    vastrel_set_log_callback(deliverLogLine, nullptr);
-}
-
-JNIEXPORT void JNICALL VASTREL_JNI(setLoggingEnabled)(JNIEnv*, jclass, jboolean enabled) {
-    vastrel_set_logging_enabled(enabled ? 1 : 0);
+    guarded<int>(env, [&] {
+        const std::lock_guard lock(logMutex);
+        jobject replacement = handler != nullptr ? env->NewGlobalRef(handler) : nullptr;
+        check(env, vastrel_set_log_callback(replacement != nullptr ? deliverLogLine : nullptr,
+                                            replacement));
+        // The old handler is not running and never will again: its reference can go.
+        if (logHandler != nullptr) env->DeleteGlobalRef(logHandler);
+        logHandler = replacement;
+        return 0;
+    });
 }
 
 }  // extern "C"

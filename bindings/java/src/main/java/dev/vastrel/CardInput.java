@@ -1,7 +1,20 @@
 package dev.vastrel;
 
 /**
- * The card as the reader reported it. Any text may be null. emvTlvHex is the chip data as hex,
- * with templates opened up for the receipt; cardDataSourceType is the entry mode's code.
+ * The card as the reader reported it. Any text may be null (absent). emvTlvHex is the chip
+ * data as strict hex, read with every template opened; cardDataSourceType is the entry mode's
+ * code (enumeration type 10).
  */
-public record CardInput(String pan, String cardholderName, long cardDataSourceType, String emvTlvHex) {}
+public final class CardInput {
+    final String pan;
+    final String cardholderName;
+    final long cardDataSourceType;
+    final String emvTlvHex;
+
+    public CardInput(String pan, String cardholderName, long cardDataSourceType, String emvTlvHex) {
+        this.pan = pan;
+        this.cardholderName = cardholderName;
+        this.cardDataSourceType = cardDataSourceType;
+        this.emvTlvHex = emvTlvHex;
+    }
+}

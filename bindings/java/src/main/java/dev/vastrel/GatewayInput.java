@@ -1,4 +1,14 @@
 package dev.vastrel;
 
-/** The gateway's answer. Any text may be null; approvedAmount is plain decimal text, "12.50". */
-public record GatewayInput(String authCode, String gatewayTransactionId, String approvedAmount) {}
+/** The gateway's answer. Any text may be null (absent); approvedAmount is plain decimal text. */
+public final class GatewayInput {
+    final String authCode;
+    final String gatewayTransactionId;
+    final String approvedAmount;
+
+    public GatewayInput(String authCode, String gatewayTransactionId, String approvedAmount) {
+        this.authCode = authCode;
+        this.gatewayTransactionId = gatewayTransactionId;
+        this.approvedAmount = approvedAmount;
+    }
+}

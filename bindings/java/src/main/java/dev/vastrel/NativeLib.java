@@ -3,8 +3,8 @@ package dev.vastrel;
 /**
  * The JNI entry points over the C interface. Text crosses as UTF-8 byte arrays, so that Java
  * strings reach the library as proper Unicode whatever the JVM's own string encoding is; the
- * public classes convert. Every method throws IllegalArgumentException with the library's
- * message when the C call fails.
+ * public classes convert. A failed C call throws VastrelException (OutOfMemoryError when the
+ * library ran out of memory).
  */
 final class NativeLib {
     static {
@@ -18,41 +18,32 @@ final class NativeLib {
 
     private NativeLib() {}
 
+    static native String version();
+
     static native byte[] hexToBytes(byte[] hex);
+
+    static native byte[] hexClean(byte[] text);
 
     static native byte[] bytesToHex(byte[] bytes);
 
-    static native byte[] textToHex(byte[] text);
+    /**
+     * Reads hex strictly into data (hex.length() / 2 bytes): count, fault kind, fault offset,
+     * then eight numbers per element in document order (tag, depth, parent or -1, constructed,
+     * value offset, value length, tag offset, tag length).
+     */
+    static native int[] decodeHex(String hex, byte[] data);
 
-    static native byte[] hexToText(byte[] hex);
+    static native int[] decodeBytes(byte[] data);
 
-    static native byte[][] split(byte[] hex);
+    /** The scheme code of the first AID in data; 0 when there is none. */
+    static native int schemeOf(byte[] data);
 
-    static native long[] readBer(byte[] data, int maxDepth);
+    /** Null when the dictionary has no name for tag in the scheme's kernel. */
+    static native byte[] tagNameInScheme(int tag, int scheme);
 
     static native byte[] explainJson(byte[] data, boolean showSensitive);
 
-    /** A list handle; hex null is absent. */
-    static native long decode(byte[] hex);
-
-    static native void freeList(long list);
-
-    static native int listCount(long list);
-
-    static native long listAt(long list, int index);
-
-    static native int childCount(long element);
-
-    static native long childAt(long element, int index);
-
-    static final int TAG = 0;
-    static final int NAME = 1;
-    static final int VALUE = 2;
-
-    static native byte[] elementText(long element, int which);
-
-    static native long elementLength(long element);
-
+    /** Null when the dictionary has no name for the tag. */
     static native byte[] tagName(byte[] tag);
 
     static native long cvmResultFromTlv(byte[] value);
@@ -65,8 +56,9 @@ final class NativeLib {
     static native byte[] enumDisplayString(long enumType, long value);
 
     /**
-     * A receipt handle. gateway is null or {authCode, transactionId, approvedAmount}; card is
-     * null or {pan, cardholderName, emvTlvHex}; any entry may be null.
+     * A receipt handle, to be read and freed at once. gateway is null or {authCode,
+     * transactionId, approvedAmount}; card is null or {pan, cardholderName, emvTlvHex}; any
+     * entry may be null.
      */
     static native long buildReceipt(
             boolean emv, long transactionType, byte[][] gateway, byte[][] card, long cardSource);
@@ -79,8 +71,6 @@ final class NativeLib {
     /** Null when absent, else one value. */
     static native long[] receiptNumber(long receipt, int field);
 
-    /** handler is a java.util.function.Consumer of String, or null for the default. */
+    /** handler is a java.util.function.Consumer of String, or null to turn logging off. */
     static native void setLogHandler(Object handler);
-
-    static native void setLoggingEnabled(boolean enabled);
 }

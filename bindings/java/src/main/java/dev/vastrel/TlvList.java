@@ -1,49 +1,108 @@
 package dev.vastrel;
 
 import java.util.AbstractList;
+import java.util.ArrayList;
+import java.util.Collections;
 import java.util.List;
 
 /**
- * The elements of EMV data decoded by the nested decoder, templates with their children. The
- * elements read from the list's native memory: use them before close().
+ * The top-level elements of EMV data, read strictly: every template expanded, at every level,
+ * each element named in the kernel of the data's AID. Immutable and independent of native
+ * memory: safe to share between threads, and there is nothing to close.
  */
-public final class TlvList extends AbstractList<Tlv> implements AutoCloseable {
-    private final NativeHandle handle;
+public final class TlvList extends AbstractList<Tlv> {
+    private static final int HEADER = 4; // count, fault, fault offset, unused
+    // tag, depth, parent, constructed, value offset, value length, tag offset, tag length
+    private static final int FIELDS = 8;
 
-    private TlvList(long pointer) {
-        handle = new NativeHandle(this, pointer, NativeLib::freeList);
+    private final byte[] data;
+    private final List<Tlv> topLevel;
+    private final int fault;
+    private final int faultOffset;
+    private volatile int scheme = -1;
+
+    private TlvList(byte[] data, int[] packed) {
+        this.data = data;
+        this.fault = packed[1];
+        this.faultOffset = packed[2];
+        int count = packed[0];
+        Tlv[] all = new Tlv[count];
+        List<Tlv> top = new ArrayList<>();
+        for (int i = 0, at = HEADER; i < count; ++i, at += FIELDS) {
+            Tlv element = new Tlv(this, packed[at], packed[at + 1], packed[at + 3] != 0,
+                    packed[at + 4], packed[at + 5], packed[at + 6], packed[at + 7]);
+            all[i] = element;
+            int parent = packed[at + 2];
+            if (parent < 0) {
+                top.add(element);
+            } else {
+                adopt(all[parent], element);
+            }
+        }
+        this.topLevel = Collections.unmodifiableList(top);
+    }
+
+    private static void adopt(Tlv parent, Tlv child) {
+        if (parent.children.isEmpty()) {
+            parent.children = new ArrayList<>(4);
+        }
+        parent.children.add(child);
     }
 
     /**
-     * Decodes hex (null is absent). Malformed data never throws: it decodes as far as it can,
-     * and the library logs what it could not read.
+     * Reads EMV data given as strict hex (two digits a byte, either case, nothing else).
+     *
+     * @return the elements; never null
+     * @throws VastrelException for hex that is not strict hex
+     * @throws MalformedDataException for data that does not read to its end
+     * @throws NullPointerException for null
      */
     public static TlvList decode(String hex) {
-        return new TlvList(NativeLib.decode(Utf8.bytes(hex)));
+        if (hex == null) {
+            throw new NullPointerException("hex is null");
+        }
+        byte[] data = new byte[hex.length() / 2];
+        return checked(new TlvList(data, NativeLib.decodeHex(hex, data)));
     }
 
-    @Override
-    public int size() {
-        return NativeLib.listCount(handle.pointer());
+    /** The same from bytes, which are copied. */
+    public static TlvList decode(byte[] data) {
+        if (data == null) {
+            throw new NullPointerException("data is null");
+        }
+        byte[] copy = data.clone();
+        return checked(new TlvList(copy, NativeLib.decodeBytes(copy)));
+    }
+
+    private static TlvList checked(TlvList list) {
+        if (list.fault == 0) {
+            return list;
+        }
+        throw new MalformedDataException(
+                MalformedDataException.Fault.values()[list.fault - 1], list.faultOffset, list);
     }
 
     @Override
     public Tlv get(int index) {
-        return new Tlv(this, NativeLib.listAt(handle.pointer(), index));
-    }
-
-    /** Throws IllegalStateException once the list is closed. */
-    void checkOpen() {
-        handle.pointer();
-    }
-
-    /** Every element of the list, read once. */
-    public List<Tlv> elements() {
-        return List.copyOf(this);
+        return topLevel.get(index);
     }
 
     @Override
-    public void close() {
-        handle.close();
+    public int size() {
+        return topLevel.size();
+    }
+
+    byte[] data() {
+        return data;
+    }
+
+    /** The kernel's scheme code, found on the first name asked for. */
+    int scheme() {
+        int known = scheme;
+        if (known < 0) {
+            known = NativeLib.schemeOf(data);
+            scheme = known;
+        }
+        return known;
     }
 }

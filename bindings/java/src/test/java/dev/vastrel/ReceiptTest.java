@@ -1,9 +1,9 @@
 package dev.vastrel;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
-import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import java.util.OptionalLong;
 import org.junit.jupiter.api.Test;
@@ -18,7 +18,8 @@ class ReceiptTest {
 
     @Test
     void chipReceiptCarriesGatewayCardAndEmvFields() {
-        try (Receipt receipt = Receipt.emv(GATEWAY, CARD)) {
+        {
+            Receipt receipt = Receipt.emv(GATEWAY, CARD);
             assertEquals("12.5", receipt.text(Receipt.Text.TRANSACTION_AMOUNT));
             assertEquals("A1B2C3", receipt.text(Receipt.Text.AUTHORIZATION_CODE));
             assertEquals("A0000000031010", receipt.text(Receipt.Text.AID));
@@ -34,7 +35,8 @@ class ReceiptTest {
 
     @Test
     void stripeReceiptTakesTheTransactionType() {
-        try (Receipt receipt = Receipt.msr(2, null, new CardInput(null, null, 0, null))) {
+        {
+            Receipt receipt = Receipt.msr(2, null, new CardInput(null, null, 0, null));
             assertEquals(OptionalLong.of(2), receipt.number(Receipt.Number.TRANSACTION_TYPE));
             assertNull(receipt.text(Receipt.Text.AUTHORIZATION_CODE));
             assertEquals(CardType.UNKNOWN, receipt.cardType());
@@ -43,13 +45,22 @@ class ReceiptTest {
 
     @Test
     void badInputThrowsWithTheLibrarysMessage() {
-        IllegalArgumentException amount =
-                assertThrows(
-                        IllegalArgumentException.class,
-                        () -> Receipt.emv(new GatewayInput(null, null, "12,50"), null));
-        assertTrue(amount.getMessage().contains("12,50"), amount.getMessage());
-        assertThrows(
-                IllegalArgumentException.class,
+        VastrelException amount = assertThrows(VastrelException.class,
+                () -> Receipt.emv(new GatewayInput(null, null, "12,50"), null));
+        assertFalse(amount.getMessage().contains("12,50"), amount.getMessage());
+        assertThrows(VastrelException.class,
                 () -> Receipt.emv(null, new CardInput(null, null, 0, "4F0")));
+        VastrelException cut = assertThrows(VastrelException.class,
+                () -> Receipt.emv(null, new CardInput(null, null, 0, "6F054F07A000")));
+        assertEquals(-4, cut.status());
+    }
+
+    @Test
+    void aLoneTemplateGivesEveryChipField() {
+        Receipt receipt = Receipt.emv(GATEWAY, new CardInput("476173******0119", null, 1,
+                "771A4F07A00000000310105004564953419F26081122334455667788"));
+        assertEquals("A0000000031010", receipt.text(Receipt.Text.AID));
+        assertEquals("VISA", receipt.text(Receipt.Text.APPLICATION_LABEL));
+        assertEquals("1122334455667788", receipt.text(Receipt.Text.CRYPTOGRAM));
     }
 }
