@@ -12,8 +12,8 @@
 #include "HexInput.hpp"
 #include "ReceiptDate.hpp"
 #include "ToolError.hpp"
-#include "vastrel/Codec/TLVDecoder.hpp"
-#include "vastrel/Codec/TLVFlatten.hpp"
+#include "vastrel/Codec/ChipData.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 #include "vastrel/Model/TransactionRequest.hpp"
 #include "vastrel/Platform/Decimal.hpp"
 #include "vastrel/Receipt/ReceiptHelper.hpp"
@@ -97,13 +97,19 @@ class ObjectReader {
     std::string path_;
 };
 
-// Primitive elements in order, templates opened up: the receipt builders look for tags at
-// the top level only.
+// Primitive elements in order, every template opened, read strictly: the receipt builders
+// look for tags at the top level only.
 std::vector<TLVObject> chipElements(const std::string& hexText) {
     if (hexText.empty()) return {};
     const std::string hex = cleanHex(hexText, "cardData.emvTLVData");
-    return TLVFlatten::primitives(
-        TLVDecoder::decodeWithTLVString(hex).value_or(std::vector<TLVObject>{}));
+    Bytes data;
+    static_cast<void>(HexDecoder::decode(hex, data));  // cleanHex has checked every digit
+    ChipElements chip = ChipData::primitives(data);
+    if (chip.error) {
+        throw InputError("cardData.emvTLVData: " + std::string(describe(chip.error->kind)) +
+                         " at byte " + std::to_string(chip.error->offset));
+    }
+    return std::move(chip.elements);
 }
 
 CardData readCardData(const json& object) {
