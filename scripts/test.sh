@@ -13,7 +13,7 @@ cd "$(dirname "$0")/.."
 quick=false
 if [[ "${1:-}" == "--quick" ]]; then quick=true; fi
 
-if $quick; then ./scripts/setup.sh java; else ./scripts/setup.sh java fuzz valgrind cross; fi
+if $quick; then ./scripts/setup.sh java test; else ./scripts/setup.sh java test fuzz valgrind cross; fi
 
 run_preset() {
     local preset=$1
