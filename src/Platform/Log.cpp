@@ -14,10 +14,10 @@ namespace {
 void writeToStderr(std::string_view text) {
     using Clock = std::chrono::system_clock;
     const auto now = Clock::now();
-    const std::time_t seconds = Clock::to_time_t(now);
+    const auto wholeSecond = std::chrono::floor<std::chrono::seconds>(now);
+    const std::time_t seconds = Clock::to_time_t(wholeSecond);
     const auto millis =
-        std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() %
-        1000;
+        std::chrono::duration_cast<std::chrono::milliseconds>(now - wholeSecond).count();
     std::tm local{};
     localtime_r(&seconds, &local);
     char stamp[32];

@@ -238,7 +238,7 @@ static void test_explain(void) {
         vastrel_ber_read(data, sizeof data, 0, nodes, 3, node_size, &count, &kind, &offset),
         VASTREL_OK);
     CHECK(count == 3 && kind == VASTREL_BER_OK && offset == 0);
-    CHECK(nodes[0].constructed && nodes[0].subtree_end == 2 &&
+    CHECK(nodes[0].constructed == 1 && nodes[1].constructed == 0 && nodes[0].subtree_end == 2 &&
           nodes[0].parent == VASTREL_BER_NO_PARENT);
     CHECK(nodes[1].tag == 0x5A && nodes[1].depth == 1 && nodes[1].parent == 0);
     CHECK(nodes[1].value_offset == 4 && nodes[1].value_length == 1);
