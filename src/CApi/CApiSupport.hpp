@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "vastrel/Codec/BerReader.hpp"
+#include "vastrel/Codec/HexDecoder.hpp"
 #include "vastrel/Platform/Bytes.hpp"
 #include "vastrel/Tags/PaymentScheme.hpp"
 #include "vastrel/vastrel.h"
@@ -62,6 +63,9 @@ inline std::span<const std::uint8_t> bytesArgument(const std::uint8_t* data, std
 // Strict hex (two digits a byte, nothing else) as bytes; throws INVALID_HEX naming what, the
 // fault and its offset, never the text.
 Bytes hexArgument(std::string_view hex, const char* what);
+
+// The INVALID_HEX failure for error in the text named what.
+Failure hexFailure(const HexError& error, const char* what);
 
 // Like textArgument, but NULL (whatever the length) is absent.
 std::optional<std::string_view> optionalTextArgument(const char* text, std::size_t length);

@@ -44,8 +44,9 @@ vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max
         require(node_count, "node_count");
         require(error_kind, "error_kind");
         require(error_offset, "error_offset");
-        const BerReadResult result =
-            BerReader::read(input, max_depth == 0 ? BerReader::kDefaultMaxDepth : max_depth);
+        // Each thread reads into its own result, which keeps its room from call to call.
+        thread_local BerReadResult result;
+        BerReader::read(input, result, max_depth == 0 ? BerReader::kDefaultMaxDepth : max_depth);
         *node_count = result.nodes.size();
         *error_kind = result.error ? berErrorKindOf(result.error->kind) : VASTREL_BER_OK;
         *error_offset = result.error ? result.error->offset : 0;

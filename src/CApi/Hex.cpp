@@ -47,8 +47,18 @@ extern "C" {
 vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t* out,
                                     size_t out_capacity, size_t* out_length) {
     return guarded([&] {
-        const Bytes bytes = hexArgument(textArgument(hex, hex_length, "hex"), "hex");
-        return writeBytes(bytes, out, out_capacity, out_length, Terminator::None);
+        const std::string_view text = textArgument(hex, hex_length, "hex");
+        // Checked before the size query answers, so that a query of bad hex fails too.
+        if (out == nullptr || out_capacity < text.size() / 2) {
+            const Bytes bytes = hexArgument(text, "hex");
+            return writeBytes(bytes, out, out_capacity, out_length, Terminator::None);
+        }
+        // Room enough: decoded straight into the caller's buffer.
+        if (const auto error = HexDecoder::decode(text, {out, text.size() / 2})) {
+            throw hexFailure(*error, "hex");
+        }
+        if (out_length != nullptr) *out_length = text.size() / 2;
+        return VASTREL_OK;
     });
 }
 

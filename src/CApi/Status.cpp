@@ -46,13 +46,15 @@ vastrel_status statusOfCurrentException() {
     }
 }
 
+Failure hexFailure(const HexError& error, const char* what) {
+    return Failure{VASTREL_ERROR_INVALID_HEX, std::string(what) + ": " +
+                                                  std::string(describe(error.kind)) +
+                                                  " at offset " + std::to_string(error.offset)};
+}
+
 Bytes hexArgument(std::string_view hex, const char* what) {
     Bytes bytes;
-    if (const auto error = HexDecoder::decode(hex, bytes)) {
-        throw Failure{VASTREL_ERROR_INVALID_HEX, std::string(what) + ": " +
-                                                     std::string(describe(error->kind)) +
-                                                     " at offset " + std::to_string(error->offset)};
-    }
+    if (const auto error = HexDecoder::decode(hex, bytes)) throw hexFailure(*error, what);
     return bytes;
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -13,24 +14,34 @@
 using namespace vastrel;
 using namespace vastrel::capi;
 
-// An element handle: the strict reader's node, with where its children are listed.
+// An element handle: which node of which list, and where its children are listed.
 struct vastrel_tlv {
     const vastrel_tlv_list* list;
-    BerNode node;
+    std::uint32_t index;       // in the list's nodes
     std::uint32_t firstChild;  // in the list's children
     std::uint32_t childCount;
 };
 
-// A strict read: the bytes it points into, its elements in document order, and each
-// template's children (and the top level) as runs of a single index array, so that every
-// lookup by index takes constant time.
+// A strict read: the bytes it points into and its nodes in document order. The handles, and
+// each template's children (and the top level) as runs of a single index array, are built
+// on the first walk, once, so that a decode costs no more than the read and every lookup by
+// index takes constant time.
 struct vastrel_tlv_list {
     Bytes data;
-    std::vector<vastrel_tlv> elements;
-    std::vector<std::uint32_t> children;  // indexes into elements, grouped by parent
-    std::uint32_t topLevelCount = 0;      // the first run of children
+    std::vector<BerNode> nodes;
+    std::uint32_t topLevelCount = 0;
     PaymentScheme scheme = PaymentScheme::Any;
     std::optional<BerError> error;
+
+    struct Index {
+        std::vector<vastrel_tlv> elements;
+        std::vector<std::uint32_t> children;  // indexes into elements, grouped by parent
+    };
+    const Index& index() const;
+
+  private:
+    mutable std::once_flag indexed_;
+    mutable Index index_;
 };
 
 namespace {
@@ -40,61 +51,77 @@ const vastrel_tlv& elementOf(const vastrel_tlv* handle) {
     return *handle;
 }
 
+const BerNode& nodeOf(const vastrel_tlv* handle) {
+    const vastrel_tlv& element = elementOf(handle);
+    return element.list->nodes[element.index];
+}
+
 // Counts each parent's children, then lays the runs out: the top level first, then each
 // template's run in document order.
-void indexChildren(vastrel_tlv_list& list) {
-    auto& elements = list.elements;
-    std::uint32_t topLevel = 0;
-    for (const auto& element : elements) {
-        if (element.node.parent == BerNode::kNoParent) {
-            ++topLevel;
-        } else {
-            ++elements[element.node.parent].childCount;
-        }
+void indexChildren(const vastrel_tlv_list& list, vastrel_tlv_list::Index& index) {
+    const auto count = static_cast<std::uint32_t>(list.nodes.size());
+    auto& elements = index.elements;
+    elements.resize(count);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        elements[i] = {&list, i, 0, 0};
+        const std::uint32_t parent = list.nodes[i].parent;
+        if (parent != BerNode::kNoParent) ++elements[parent].childCount;
     }
-    std::uint32_t next = topLevel;
+    std::uint32_t next = list.topLevelCount;
     for (auto& element : elements) {
         element.firstChild = next;
         next += element.childCount;
         element.childCount = 0;  // counted again below, as the slots fill
     }
-    list.children.resize(next);
-    list.topLevelCount = 0;
-    for (std::uint32_t i = 0; i < elements.size(); ++i) {
-        const std::uint32_t parent = elements[i].node.parent;
+    index.children.resize(next);
+    std::uint32_t topLevel = 0;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint32_t parent = list.nodes[i].parent;
         if (parent == BerNode::kNoParent) {
-            list.children[list.topLevelCount++] = i;
+            index.children[topLevel++] = i;
         } else {
             auto& owner = elements[parent];
-            list.children[owner.firstChild + owner.childCount++] = i;
+            index.children[owner.firstChild + owner.childCount++] = i;
         }
     }
 }
 
 vastrel_status decode(Bytes data, vastrel_tlv_list** out) {
+    // Each thread reads into its own result, whose node vector is handed to the list and
+    // replaced by one of the same capacity: one allocation a call, not one per doubling.
+    thread_local BerReadResult read;
     auto list = std::make_unique<vastrel_tlv_list>();
     list->data = std::move(data);
-    BerReadResult read;
+    const std::size_t capacity = read.nodes.capacity();
     BerReader::read(list->data, read);
+    list->nodes = std::move(read.nodes);
+    read.nodes = {};
+    read.nodes.reserve(std::max(capacity, list->nodes.size()));
     list->error = read.error;
-    list->scheme = ApplicationIdentifier::schemeOf(read.nodes);
-    list->elements.reserve(read.nodes.size());
-    for (const BerNode& node : read.nodes)
-        list->elements.push_back({list.get(), node, 0, 0});
-    indexChildren(*list);
+    list->scheme = ApplicationIdentifier::schemeOf(list->nodes);
+    list->topLevelCount = static_cast<std::uint32_t>(
+        std::count_if(list->nodes.begin(), list->nodes.end(),
+                      [](const BerNode& node) { return node.parent == BerNode::kNoParent; }));
     *out = list.release();
-    if (!read.error) return VASTREL_OK;
-    return fail(VASTREL_ERROR_MALFORMED_DATA, std::string(describe(read.error->kind)) +
-                                                  " at byte " + std::to_string(read.error->offset));
+    if (!(*out)->error) return VASTREL_OK;
+    const BerError& error = *(*out)->error;
+    return fail(VASTREL_ERROR_MALFORMED_DATA,
+                std::string(describe(error.kind)) + " at byte " + std::to_string(error.offset));
 }
 
 const vastrel_tlv* childOf(const vastrel_tlv_list& list, std::uint32_t first, std::uint32_t count,
                            std::size_t index) {
     requireIndex(index, count);
-    return &list.elements[list.children[first + index]];
+    const auto& built = list.index();
+    return &built.elements[built.children[first + index]];
 }
 
 }  // namespace
+
+const vastrel_tlv_list::Index& vastrel_tlv_list::index() const {
+    std::call_once(indexed_, [this] { indexChildren(*this, index_); });
+    return index_;
+}
 
 extern "C" {
 
@@ -178,7 +205,7 @@ vastrel_status vastrel_tlv_child_at(const vastrel_tlv* element, size_t index,
 
 vastrel_status vastrel_tlv_get_info(const vastrel_tlv* element, vastrel_tlv_info* info) {
     return guarded([&] {
-        const BerNode& node = elementOf(element).node;
+        const BerNode& node = nodeOf(element);
         require(info, "info");
         vastrel_tlv_info full{};
         full.struct_size = sizeof full;
@@ -194,22 +221,20 @@ vastrel_status vastrel_tlv_get_info(const vastrel_tlv* element, vastrel_tlv_info
 
 vastrel_status vastrel_tlv_tag(const vastrel_tlv* element, char* out, size_t out_capacity,
                                size_t* out_length) {
-    return guarded(
-        [&] { return writeHex(elementOf(element).node.tag, out, out_capacity, out_length); });
+    return guarded([&] { return writeHex(nodeOf(element).tag, out, out_capacity, out_length); });
 }
 
 vastrel_status vastrel_tlv_name(const vastrel_tlv* element, char* out, size_t out_capacity,
                                 size_t* out_length) {
     return guarded([&] {
-        const vastrel_tlv& e = elementOf(element);
-        return writeTagName(e.node.tagNumber(), e.list->scheme, out, out_capacity, out_length);
+        return writeTagName(nodeOf(element).tagNumber(), elementOf(element).list->scheme, out,
+                            out_capacity, out_length);
     });
 }
 
 vastrel_status vastrel_tlv_value(const vastrel_tlv* element, char* out, size_t out_capacity,
                                  size_t* out_length) {
-    return guarded(
-        [&] { return writeHex(elementOf(element).node.value, out, out_capacity, out_length); });
+    return guarded([&] { return writeHex(nodeOf(element).value, out, out_capacity, out_length); });
 }
 
 }  // extern "C"

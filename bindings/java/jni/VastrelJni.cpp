@@ -207,25 +207,33 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(bytesToHex)(JNIEnv* env, jclass, jbyteA
 
 namespace {
 
-// The strict read of bytes, packed for TlvList: count, fault kind, fault offset, 0, then
-// eight numbers per element.
-jintArray packedRead(JNIEnv* env, const std::uint8_t* bytes, std::size_t size) {
+// Room a thread reuses from one decode to the next, so that a decode allocates nothing
+// native once the thread has seen data of its size.
+struct DecodeScratch {
+    std::vector<vastrel_ber_node> nodes;
+    std::vector<jint> packed;
+};
+
+DecodeScratch& scratch() {
+    thread_local DecodeScratch instance;
+    return instance;
+}
+
+// A strict read's nodes packed for TlvList: count, fault kind, fault offset, 0, then eight
+// numbers per element.
+jintArray packed(JNIEnv* env, DecodeScratch& room, std::size_t count, int kind,
+                 std::size_t offset) {
     constexpr std::size_t kHeader = 4;
     constexpr std::size_t kFields = 8;
-    // At most one element per two bytes: a tag and a length byte each.
-    std::vector<vastrel_ber_node> nodes(size / 2 + 1);
-    std::size_t count = 0;
-    int kind = 0;
-    std::size_t offset = 0;
-    check(env, vastrel_ber_read(bytes, size, 0, nodes.data(), nodes.size(),
-                                sizeof(vastrel_ber_node), &count, &kind, &offset));
-    std::vector<jint> packed(kHeader + kFields * count);
+    std::vector<jint>& packed = room.packed;
+    packed.resize(kHeader + kFields * count);
     packed[0] = static_cast<jint>(count);
     packed[1] = kind;
     packed[2] = static_cast<jint>(offset);
+    packed[3] = 0;
     jint* at = packed.data() + kHeader;
     for (std::size_t i = 0; i < count; ++i, at += kFields) {
-        const vastrel_ber_node& node = nodes[i];
+        const vastrel_ber_node& node = room.nodes[i];
         at[0] = static_cast<jint>(node.tag);
         at[1] = static_cast<jint>(node.depth);
         at[2] = node.parent == VASTREL_BER_NO_PARENT ? -1 : static_cast<jint>(node.parent);
@@ -241,22 +249,47 @@ jintArray packedRead(JNIEnv* env, const std::uint8_t* bytes, std::size_t size) {
     return array;
 }
 
+// The strict read of bytes, packed.
+jintArray packedRead(JNIEnv* env, const std::uint8_t* bytes, std::size_t size) {
+    DecodeScratch& room = scratch();
+    // At most one element per two bytes: a tag and a length byte each.
+    if (room.nodes.size() < size / 2 + 1) room.nodes.resize(size / 2 + 1);
+    std::size_t count = 0, offset = 0;
+    int kind = 0;
+    check(env, vastrel_ber_read(bytes, size, 0, room.nodes.data(), room.nodes.size(),
+                                sizeof(vastrel_ber_node), &count, &kind, &offset));
+    return packed(env, room, count, kind, offset);
+}
+
 }  // namespace
 
-JNIEXPORT jintArray JNICALL VASTREL_JNI(decodeHex)(JNIEnv* env, jclass, jstring hex,
+JNIEXPORT jintArray JNICALL VASTREL_JNI(decodeHex)(JNIEnv* env, jclass, jbyteArray hex,
                                                    jbyteArray data) {
     return guarded<jintArray>(env, [&] {
-        // Hex is ASCII; anything else is refused by the strict reader below, at its offset.
-        const jsize characters = env->GetStringLength(hex);
-        std::string text(static_cast<std::size_t>(env->GetStringUTFLength(hex)), '\0');
-        env->GetStringUTFRegion(hex, 0, characters, text.data());
-        std::vector<std::uint8_t> bytes(static_cast<std::size_t>(env->GetArrayLength(data)));
-        std::size_t length = 0;
-        check(env,
-              vastrel_hex_to_bytes(text.data(), text.size(), bytes.data(), bytes.size(), &length));
-        env->SetByteArrayRegion(data, 0, static_cast<jsize>(length),
-                                reinterpret_cast<const jbyte*>(bytes.data()));
-        return packedRead(env, bytes.data(), length);
+        // hex holds one byte per character (ISO 8859-1, '?' for any other), so a fault's
+        // offset is the character's. The arrays are read and written in place.
+        const auto hexLength = static_cast<std::size_t>(env->GetArrayLength(hex));
+        const auto dataLength = static_cast<std::size_t>(env->GetArrayLength(data));
+        DecodeScratch& room = scratch();
+        if (room.nodes.size() < dataLength + 1) room.nodes.resize(dataLength + 1);
+        std::size_t length = 0, count = 0, offset = 0;
+        int kind = 0;
+        vastrel_status status = VASTREL_ERROR_OUT_OF_MEMORY;
+        void* text = env->GetPrimitiveArrayCritical(hex, nullptr);
+        void* bytes = text == nullptr ? nullptr : env->GetPrimitiveArrayCritical(data, nullptr);
+        if (bytes != nullptr) {
+            status = vastrel_hex_to_bytes(static_cast<const char*>(text), hexLength,
+                                          static_cast<std::uint8_t*>(bytes), dataLength, &length);
+            if (status == VASTREL_OK) {
+                status = vastrel_ber_read(static_cast<const std::uint8_t*>(bytes), length, 0,
+                                          room.nodes.data(), room.nodes.size(),
+                                          sizeof(vastrel_ber_node), &count, &kind, &offset);
+            }
+            env->ReleasePrimitiveArrayCritical(data, bytes, 0);
+        }
+        if (text != nullptr) env->ReleasePrimitiveArrayCritical(hex, text, JNI_ABORT);
+        check(env, status);
+        return packed(env, room, count, kind, offset);
     });
 }
 

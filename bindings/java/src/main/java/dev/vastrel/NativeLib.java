@@ -27,11 +27,11 @@ final class NativeLib {
     static native byte[] bytesToHex(byte[] bytes);
 
     /**
-     * Reads hex strictly into data (hex.length() / 2 bytes): count, fault kind, fault offset,
+     * Reads hex (one byte a character, ISO 8859-1) strictly into data (half its length): count, fault kind, fault offset,
      * then eight numbers per element in document order (tag, depth, parent or -1, constructed,
      * value offset, value length, tag offset, tag length).
      */
-    static native int[] decodeHex(String hex, byte[] data);
+    static native int[] decodeHex(byte[] hexLatin1, byte[] data);
 
     static native int[] decodeBytes(byte[] data);
 

@@ -1,5 +1,6 @@
 package dev.vastrel;
 
+import java.nio.charset.StandardCharsets;
 import java.util.AbstractList;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -62,7 +63,10 @@ public final class TlvList extends AbstractList<Tlv> {
             throw new NullPointerException("hex is null");
         }
         byte[] data = new byte[hex.length() / 2];
-        return checked(new TlvList(data, NativeLib.decodeHex(hex, data)));
+        // One byte a character, so that a fault's offset is the character's; a character
+        // outside ISO 8859-1 becomes '?', which is no hex digit either.
+        byte[] text = hex.getBytes(StandardCharsets.ISO_8859_1);
+        return checked(new TlvList(data, NativeLib.decodeHex(text, data)));
     }
 
     /** The same from bytes, which are copied. */
