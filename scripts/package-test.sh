@@ -7,7 +7,8 @@
 #   through pkg-config (vastrel-c), and runs it plainly, under valgrind and under ASan;
 # - installs the Python package with pip, offline, into a virtual environment and runs
 #   tests/package/apps/app.py against the installed library;
-# - compiles and runs tests/package/apps/App.java against the installed jar and JNI library;
+# - compiles and runs tests/package/apps/App.java, and the Kotlin example of docs/apps.md with
+#   Debian's kotlin, against the installed jar and JNI library;
 # - runs the installed tool.
 # Each app decodes, reads strictly, explains, builds a receipt and tells a brand, on four
 # threads at once, and checks that bad input is refused. Exits non-zero on any failure.
@@ -15,7 +16,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
 
-./scripts/setup.sh java test valgrind
+./scripts/setup.sh java test valgrind kotlin
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/vastrel-package.XXXXXX")
 trap 'rm -rf "$work"' EXIT
@@ -86,6 +87,18 @@ readelf -d "$libdir/libvastrel_jni.so" | grep -q 'RUNPATH.*\$ORIGIN' ||
     { echo "package-test: libvastrel_jni.so does not look beside itself" >&2; exit 1; }
 javac -d "$work/java" -cp "$jar" "$apps/App.java"
 java -cp "$work/java:$jar" -Djava.library.path="$libdir" App
+
+echo "==> package: the Kotlin example of docs/apps.md, with Debian's kotlin"
+/usr/bin/python3 - "$root/docs/apps.md" "$work/App.kt" <<'PY'
+import sys
+text = open(sys.argv[1], encoding="utf-8").read()
+start = text.index("```kotlin\n") + len("```kotlin\n")
+open(sys.argv[2], "w", encoding="utf-8").write(text[start:text.index("```", start)])
+PY
+kotlinc "$work/App.kt" -cp "$jar" -d "$work/kotlin-app.jar" 2>&1 | grep -v 'deprecated in JDK' || true
+[[ -f "$work/kotlin-app.jar" ]] || { echo "package-test: the Kotlin example did not compile" >&2; exit 1; }
+java -cp "$work/kotlin-app.jar:/usr/share/java/kotlin-stdlib.jar:$jar" \
+    -Djava.library.path="$libdir" AppKt | grep -qx VISA
 
 echo "==> package: installed tool"
 "$prefix/bin/vastrel" --version

@@ -14,6 +14,7 @@ for group in "$@"; do
     case "$group" in
         # The Python package's tests and install check, and the C interface's ABI check.
         test) packages+=(python3-pytest python3-venv python3-setuptools python3-pip abigail-tools) ;;
+        kotlin) packages+=(kotlin) ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
         valgrind) packages+=(valgrind) ;;
         java) packages+=(default-jdk-headless junit5) ;;
