@@ -1,46 +1,8 @@
-#include <string>
-
 #include "CApiSupport.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
 
 using namespace vastrel;
 using namespace vastrel::capi;
-
-namespace {
-
-bool isSeparator(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == ':'; }
-
-// Index of the first character after leading separators and one 0x or 0X.
-std::size_t digitsStart(std::string_view text) {
-    std::size_t i = 0;
-    while (i < text.size() && isSeparator(text[i]))
-        ++i;
-    if (i + 1 < text.size() && text[i] == '0' && (text[i + 1] == 'x' || text[i + 1] == 'X')) i += 2;
-    return i;
-}
-
-char upper(char c) { return c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-// The digits of pasted text, upper-cased; a fault's offset counts in text.
-std::string cleanHex(std::string_view text) {
-    std::string digits;
-    digits.reserve(text.size());
-    for (std::size_t i = digitsStart(text); i < text.size(); ++i) {
-        if (isSeparator(text[i])) continue;
-        if (!HexDecoder::isHexDigit(text[i])) {
-            throw Failure{VASTREL_ERROR_INVALID_HEX,
-                          "text: not a hex digit at offset " + std::to_string(i)};
-        }
-        digits.push_back(upper(text[i]));
-    }
-    if (digits.size() % 2 != 0) {
-        throw Failure{VASTREL_ERROR_INVALID_HEX,
-                      "text: odd number of hex digits (" + std::to_string(digits.size()) + ")"};
-    }
-    return digits;
-}
-
-}  // namespace
 
 extern "C" {
 
@@ -65,8 +27,9 @@ vastrel_status vastrel_hex_to_bytes(const char* hex, size_t hex_length, uint8_t*
 vastrel_status vastrel_hex_clean(const char* text, size_t length, char* out, size_t out_capacity,
                                  size_t* out_length) {
     return guarded([&] {
-        return writeText(cleanHex(textArgument(text, length, "text")), out, out_capacity,
-                         out_length);
+        auto cleaned = HexDecoder::clean(textArgument(text, length, "text"), ":");
+        if (cleaned.error) throw hexFailure(*cleaned.error, "text");
+        return writeText(cleaned.digits, out, out_capacity, out_length);
     });
 }
 

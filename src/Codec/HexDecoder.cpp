@@ -14,6 +14,10 @@ std::size_t firstNonDigit(std::string_view hex) noexcept {
     return static_cast<std::size_t>(bad - hex.begin());
 }
 
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
+}
+
 }  // namespace
 
 std::string_view describe(HexErrorKind kind) noexcept {
@@ -56,6 +60,29 @@ std::optional<HexError> HexDecoder::decode(std::string_view hex, Bytes& out) {
 
 bool HexDecoder::isHexDigit(char c) noexcept {
     return codec::isHexDigit(static_cast<unsigned char>(c));
+}
+
+HexDecoder::Cleaned HexDecoder::clean(std::string_view text, std::string_view separators) {
+    const auto skipped = [separators](char c) {
+        return isBlank(c) || separators.find(c) != std::string_view::npos;
+    };
+    Cleaned cleaned;
+    cleaned.digits.reserve(text.size());
+    std::size_t i = 0;
+    while (i < text.size() && skipped(text[i]))
+        ++i;
+    if (i + 1 < text.size() && text[i] == '0' && (text[i + 1] == 'x' || text[i + 1] == 'X')) i += 2;
+    for (; i < text.size(); ++i) {
+        if (skipped(text[i])) continue;
+        if (!isHexDigit(text[i])) {
+            cleaned.error = HexError{HexErrorKind::NotHexDigit, i};
+            return cleaned;
+        }
+        cleaned.digits.push_back(codec::asciiUpper(text[i]));
+    }
+    if (cleaned.digits.size() % 2 != 0)
+        cleaned.error = HexError{HexErrorKind::OddLength, text.size()};
+    return cleaned;
 }
 
 }  // namespace vastrel

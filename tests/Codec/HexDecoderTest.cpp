@@ -56,6 +56,30 @@ TEST(HexDecoderTest, RefusesAllButPairsOfDigitsAndSaysWhere) {
     EXPECT_EQ(describe(Kind::OddLength), "odd number of hex digits");
 }
 
+TEST(HexDecoderTest, CleansPastedTextAndPlacesFaultsInIt) {
+    struct Case {
+        std::string_view text;
+        std::string_view separators;
+        std::string digits;
+        std::optional<HexError> error;
+    };
+    const Case cases[] = {
+        {" 0x9f 02\t06\r\n00 0a ", "", "9F0206000A", std::nullopt},
+        {"0X12", "", "12", std::nullopt},
+        {"9F:02", ":", "9F02", std::nullopt},
+        {"9F:02", "", "9F", HexError{Kind::NotHexDigit, 2}},
+        {"0x0x12", "", "0", HexError{Kind::NotHexDigit, 3}},  // one prefix only
+        {"12 0x34", "", "120", HexError{Kind::NotHexDigit, 4}},
+        {"9F0", "", "9F0", HexError{Kind::OddLength, 3}},
+        {"", "", "", std::nullopt},
+    };
+    for (const auto& c : cases) {
+        const HexDecoder::Cleaned cleaned = HexDecoder::clean(c.text, c.separators);
+        EXPECT_EQ(cleaned.error, c.error) << c.text;
+        EXPECT_EQ(cleaned.digits, c.digits) << c.text;
+    }
+}
+
 TEST(HexDecoderTest, ShortOutputTakesTheFirstBytes) {
     std::array<std::uint8_t, 2> out{};
     EXPECT_EQ(HexDecoder::decode("A1B2C3", out), std::nullopt);

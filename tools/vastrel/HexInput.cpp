@@ -5,16 +5,11 @@
 #include <iterator>
 #include <sstream>
 
-#include "Ascii.hpp"
 #include "ToolError.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel::tool {
 namespace {
-
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
-}
 
 // The character as a reader can see it in an error message.
 std::string describeCharacter(char c) {
@@ -24,39 +19,23 @@ std::string describeCharacter(char c) {
     return std::string("byte 0x") + kDigits[byte >> 4] + kDigits[byte & 0x0F];
 }
 
-// Index of the first character after leading blanks and an optional 0x prefix.
-std::size_t digitsStart(std::string_view text) {
-    std::size_t i = 0;
-    while (i < text.size() && isBlank(text[i]))
-        ++i;
-    if (i + 1 < text.size() && text[i] == '0' && (text[i + 1] == 'x' || text[i + 1] == 'X')) {
-        i += 2;
-    }
-    return i;
-}
-
 }  // namespace
 
 std::string cleanHex(std::string_view text, std::string_view what, std::string_view separators) {
-    std::string digits;
-    digits.reserve(text.size());
-    for (std::size_t i = digitsStart(text); i < text.size(); ++i) {
-        const char c = text[i];
-        if (isBlank(c) || separators.find(c) != std::string_view::npos) continue;
-        if (!HexDecoder::isHexDigit(c)) {
-            std::ostringstream message;
-            message << "in " << what << ": " << describeCharacter(c) << " at position " << i + 1
-                    << " is not a hex digit";
-            throw InputError(message.str());
-        }
-        digits.push_back(asciiUpper(c));
+    HexDecoder::Cleaned cleaned = HexDecoder::clean(text, separators);
+    if (cleaned.error && cleaned.error->kind == HexErrorKind::NotHexDigit) {
+        const std::size_t at = cleaned.error->offset;
+        std::ostringstream message;
+        message << "in " << what << ": " << describeCharacter(text[at]) << " at position " << at + 1
+                << " is not a hex digit";
+        throw InputError(message.str());
     }
-    if (digits.empty()) throw InputError("no " + std::string(what) + " given");
-    if (digits.size() % 2 != 0) {
+    if (cleaned.digits.empty()) throw InputError("no " + std::string(what) + " given");
+    if (cleaned.error) {
         throw InputError(std::string(what) + " has an odd number of digits (" +
-                         std::to_string(digits.size()) + "); every byte takes two");
+                         std::to_string(cleaned.digits.size()) + "); every byte takes two");
     }
-    return digits;
+    return std::move(cleaned.digits);
 }
 
 std::string InputSource::readAll() const {

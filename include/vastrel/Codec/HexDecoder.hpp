@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "vastrel/Platform/Bytes.hpp"
@@ -45,6 +46,17 @@ class HexDecoder {
     [[nodiscard]] static std::optional<HexError> check(std::string_view hex) noexcept;
 
     [[nodiscard]] static bool isHexDigit(char c) noexcept;
+
+    // Hex pasted from a log or a document, made strict: blanks (space, tab, line breaks) and
+    // the characters in separators are removed wherever they stand, as is one 0x or 0X
+    // before the first digit, and the digits are upper-cased. The error's offset counts in
+    // text; an odd number of digits reports text's length. digits holds what was read up to
+    // an error.
+    struct Cleaned {
+        std::string digits;
+        std::optional<HexError> error;
+    };
+    [[nodiscard]] static Cleaned clean(std::string_view text, std::string_view separators = "");
 };
 
 }  // namespace vastrel
