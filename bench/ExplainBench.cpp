@@ -12,8 +12,10 @@
 #include "Workload.hpp"
 #include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
+#include "vastrel/Explain/ApduTrace.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
 #include "vastrel/Explain/Explainer.hpp"
+#include "vastrel/Explain/SessionExplainer.hpp"
 
 namespace vastrel::bench {
 namespace {
@@ -52,6 +54,16 @@ void explain(benchmark::State& state, const std::string& hex, bool json) {
     meter.report(state);
 }
 
+// A whole session: the trace read, every exchange explained, the summary made.
+void session(benchmark::State& state, const std::string& trace) {
+    const AllocationMeter meter;
+    for (auto _ : state) {
+        const SessionExplanation explained = SessionExplainer::explain(ApduTrace::read(trace));
+        benchmark::DoNotOptimize(explained.exchanges.data());
+    }
+    meter.report(state);
+}
+
 // Every tag of the dictionary in turn, each under a scheme that varies with it.
 void dictionaryFind(benchmark::State& state) {
     std::vector<std::pair<std::uint32_t, PaymentScheme>> lookups;
@@ -71,6 +83,7 @@ void dictionaryFind(benchmark::State& state) {
 void registerExplainBenchmarks() {
     benchmark::RegisterBenchmark("strict/read/flat", &strictRead, workload().flatHex);
     benchmark::RegisterBenchmark("strict/read/nested", &strictRead, workload().nestedHex);
+    benchmark::RegisterBenchmark("session/explain/20", &session, workload().session);
     benchmark::RegisterBenchmark("explain/flat", &explain, workload().flatHex, false);
     benchmark::RegisterBenchmark("explain/flat/json", &explain, workload().flatHex, true);
     benchmark::RegisterBenchmark("dictionary/find", &dictionaryFind);

@@ -132,10 +132,8 @@ std::string smallElementsHex(std::size_t hexCharacters) {
 
 const Workload& workload() {
     static const Workload loaded{
-        readHex("emv_flat.hex"),
-        readHex("emv_flat_lower.hex"),
-        readHex("emv_nested.hex"),
-        readLines("pans.txt"),
+        readHex("emv_flat.hex"), readHex("emv_flat_lower.hex"), readHex("emv_nested.hex"),
+        readLines("pans.txt"),   readFile("session-20.txt"),
     };
     return loaded;
 }

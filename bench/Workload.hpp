@@ -13,6 +13,7 @@ struct Workload {
     std::string flatLowerHex;  // the same in lower case
     std::string nestedHex;     // a 77 and a 70 template, 15 elements in all
     std::vector<std::string> pans;
+    std::string session;  // a contact session of 20 exchanges, one APDU a line
 };
 
 const Workload& workload();

@@ -240,6 +240,16 @@ VASTREL_API vastrel_status vastrel_explain_json(const uint8_t* data, size_t leng
                                                 int show_sensitive, char* out, size_t out_capacity,
                                                 size_t* out_length);
 
+/* The explanation of a card session given as a trace (text, one APDU a line, marked by
+   direction or alternating command and response) as one JSON object: {"exchanges": [{"line",
+   "command": {"hex", "name", "header", "parameters", "dol", "note"}, "response": {"elements",
+   "status", "error"}, "notes"}], "summary": {...}, "error": null or {"line", "reason"}}.
+   A line that cannot be read ends the explanation there and is named in "error"; it is not a
+   failure of the call. Card data is masked unless show_sensitive is non-zero. */
+VASTREL_API vastrel_status vastrel_explain_session_json(const char* trace, size_t trace_length,
+                                                        int show_sensitive, char* out,
+                                                        size_t out_capacity, size_t* out_length);
+
 /* ---- Tags, CVM, brands, enumerations ---- */
 
 /* The name of the tag written as hex ("9F34", either case) from the full EMV dictionary;

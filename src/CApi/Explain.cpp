@@ -4,7 +4,9 @@
 
 #include "CApiSupport.hpp"
 #include "vastrel/Codec/BerReader.hpp"
+#include "vastrel/Explain/ApduTrace.hpp"
 #include "vastrel/Explain/Explainer.hpp"
+#include "vastrel/Explain/SessionExplainer.hpp"
 
 using namespace vastrel;
 using namespace vastrel::capi;
@@ -52,10 +54,15 @@ vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max
         *error_offset = result.error ? result.error->offset : 0;
         const std::size_t written = std::min(node_capacity, result.nodes.size());
         // The caller's nodes may be shorter (an older header) or longer (a newer one).
-        auto* out = reinterpret_cast<unsigned char*>(nodes);
-        for (std::size_t i = 0; i < written; ++i) {
-            const vastrel_ber_node node = cNode(result.nodes[i], input);
-            std::memcpy(out + i * node_size, &node, std::min(node_size, sizeof node));
+        if (node_size == sizeof(vastrel_ber_node)) {
+            for (std::size_t i = 0; i < written; ++i)
+                nodes[i] = cNode(result.nodes[i], input);
+        } else {
+            auto* out = reinterpret_cast<unsigned char*>(nodes);
+            for (std::size_t i = 0; i < written; ++i) {
+                const vastrel_ber_node node = cNode(result.nodes[i], input);
+                std::memcpy(out + i * node_size, &node, std::min(node_size, sizeof node));
+            }
         }
         if (written < result.nodes.size()) {
             return fail(VASTREL_ERROR_BUFFER_TOO_SMALL, "more nodes were read than fit");
@@ -72,6 +79,18 @@ vastrel_status vastrel_explain_json(const uint8_t* data, size_t length, int show
         const Explanation explanation =
             Explainer::explain(bytesArgument(data, length, "data"), options);
         return writeText(Explainer::toJson(explanation), out, out_capacity, out_length);
+    });
+}
+
+vastrel_status vastrel_explain_session_json(const char* trace, size_t trace_length,
+                                            int show_sensitive, char* out, size_t out_capacity,
+                                            size_t* out_length) {
+    return guarded([&] {
+        ExplainOptions options;
+        options.showSensitive = show_sensitive != 0;
+        const SessionExplanation session = SessionExplainer::explain(
+            ApduTrace::read(textArgument(trace, trace_length, "trace")), options);
+        return writeText(SessionExplainer::toJson(session), out, out_capacity, out_length);
     });
 }
 

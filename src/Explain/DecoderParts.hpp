@@ -26,6 +26,9 @@ bool requireLength(Value value, std::size_t expected, Findings& out);
 // Two hex digits per byte, upper case.
 inline std::string hex(Value value) { return codec::hexUpper(value); }
 
+// A tag number as the hex of its bytes: 0x9F26 as "9F26", 0x5A as "5A".
+std::string tagHex(std::uint32_t tag);
+
 // The BCD digits of value; empty when a nibble is not a digit.
 std::string bcdDigits(Value value);
 
@@ -68,6 +71,11 @@ void applicationId(Value value, Findings& out);
 void cardNumber(Value value, const DecodeContext& context, Findings& out);
 void track2(Value value, const DecodeContext& context, Findings& out);
 void serviceCode(Value value, Findings& out);
+
+// Lists of other fields (ListFields.cpp)
+void dataObjectList(Value value, const DecodeContext& context, Findings& out);
+void tagList(Value value, const DecodeContext& context, Findings& out);
+void applicationFileLocator(Value value, Findings& out);
 
 // The meaning of each of the three service code digits.
 void serviceCodeDigits(std::string_view code, Findings& out);

@@ -30,11 +30,13 @@ const BerNode* firstWithTag(const std::vector<BerNode>& nodes, std::uint32_t tag
     return found == nodes.end() ? nullptr : &*found;
 }
 
-// What the decoders need from the rest of the data: the AID's scheme and the currency.
-DecodeContext contextOf(const std::vector<BerNode>& nodes, bool showSensitive) {
+// What the decoders need from the rest of the data: the AID's scheme (else the one given)
+// and the currency.
+DecodeContext contextOf(const std::vector<BerNode>& nodes, const ExplainOptions& options) {
     DecodeContext context;
-    context.showSensitive = showSensitive;
+    context.showSensitive = options.showSensitive;
     context.scheme = ApplicationIdentifier::schemeOf(nodes);
+    if (context.scheme == PaymentScheme::Any) context.scheme = options.scheme;
     if (const BerNode* currency = firstWithTag(nodes, kCurrencyTag)) {
         if (const auto code = explain::smallBcdNumber(currency->value, 999)) {
             context.currency = static_cast<std::uint16_t>(*code);
@@ -120,7 +122,7 @@ Explanation Explainer::explain(std::span<const std::uint8_t> data, const Explain
     if (!explanation.status) BerReader::read(data, read, options.maxDepth);
     explanation.error = read.error;
 
-    const DecodeContext context = contextOf(read.nodes, options.showSensitive);
+    const DecodeContext context = contextOf(read.nodes, options);
     const std::string shown = maskedHex(data, read.nodes, context.scheme, options.showSensitive);
     explanation.elements.reserve(read.nodes.size());
     for (const auto& node : read.nodes) {

@@ -1,13 +1,15 @@
 // Explainer::toJson: the explanation as one JSON object, written in one pass.
 #include <vector>
 
-#include "JsonWriter.hpp"
+#include "ExplanationJson.hpp"
+
 #include "vastrel/Explain/Explainer.hpp"
 
 namespace vastrel {
+namespace explain {
 namespace {
 
-void writeElementFields(explain::JsonWriter& json, const ExplainedElement& element) {
+void writeElementFields(JsonWriter& json, const ExplainedElement& element) {
     json.key("tag");
     json.string(element.tag);
     json.key("name");
@@ -25,9 +27,9 @@ void writeElementFields(explain::JsonWriter& json, const ExplainedElement& eleme
     }
 }
 
-// The elements as nested arrays, walked in document order: a template opens its children's
-// array and its subtreeEnd closes it. No recursion, however deep the data.
-void writeElements(explain::JsonWriter& json, const std::vector<ExplainedElement>& elements) {
+}  // namespace
+
+void writeElements(JsonWriter& json, const std::vector<ExplainedElement>& elements) {
     std::vector<std::uint32_t> openEnds;
     json.beginArray();
     for (std::uint32_t i = 0; i <= elements.size(); ++i) {
@@ -51,11 +53,7 @@ void writeElements(explain::JsonWriter& json, const std::vector<ExplainedElement
     json.endArray();
 }
 
-}  // namespace
-
-std::string Explainer::toJson(const Explanation& explanation) {
-    explain::JsonWriter json;
-    json.beginObject();
+void writeExplanationFields(JsonWriter& json, const Explanation& explanation) {
     json.key("elements");
     writeElements(json, explanation.elements);
     json.key("status");
@@ -80,6 +78,14 @@ std::string Explainer::toJson(const Explanation& explanation) {
     } else {
         json.null();
     }
+}
+
+}  // namespace explain
+
+std::string Explainer::toJson(const Explanation& explanation) {
+    explain::JsonWriter json;
+    json.beginObject();
+    explain::writeExplanationFields(json, explanation);
     json.endObject();
     return json.finish();
 }

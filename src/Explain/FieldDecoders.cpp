@@ -44,7 +44,11 @@ constexpr Entry kUnsorted[] = {
     {0x81, explain::binaryAmount},
     {0x82, plain<explain::applicationInterchangeProfile>},
     {0x84, plain<explain::applicationId>},
+    {0x8C, explain::dataObjectList},  // CDOL1
+    {0x8D, explain::dataObjectList},  // CDOL2
     {0x8E, plain<explain::cvmList>},
+    {0x94, plain<explain::applicationFileLocator>},
+    {0x97, explain::dataObjectList},  // TDOL
     {0x95, plain<explain::terminalVerificationResults>},
     {0x9A, plain<explain::date>},
     {0x9B, plain<explain::transactionStatusInformation>},
@@ -67,13 +71,17 @@ constexpr Entry kUnsorted[] = {
     {0x9F35, plain<explain::terminalType>},
     {0x9F39, plain<explain::posEntryMode>},
     {0x9F40, plain<explain::additionalTerminalCapabilities>},
+    {0x9F38, explain::dataObjectList},  // PDOL
     {0x9F42, plain<explain::currencyCode>},
+    {0x9F49, explain::dataObjectList},  // DDOL
+    {0x9F4A, explain::tagList},
     {0x9F4E, plain<explain::text>},
     {0x9F66, plain<explain::terminalTransactionQualifiers>},
     {0x9F66, nullptr, mc},  // Kernel 2: PUNATC (Track2)
     {0x9F6B, explain::track2},
     {0x9F6B, explain::numericAmount, PaymentScheme::Visa},  // Card CVM Limit
     {0x9F6C, plain<explain::cardTransactionQualifiers>},
+    {0x9F69, explain::dataObjectList, mc},  // Kernel 2: UDOL
     {0x9F6C, nullptr, mc},  // Kernel 2: Mag-stripe Application Version Number (Card)
     {0xDF8120, plain<explain::terminalVerificationResults>},
     {0xDF8121, plain<explain::terminalVerificationResults>},

@@ -287,6 +287,19 @@ static void test_explain(void) {
                  VASTREL_ERROR_BUFFER_TOO_SMALL);
     CHECK_STATUS(vastrel_explain_json(NULL, 4, 0, json, sizeof json, &text_length),
                  VASTREL_ERROR_NULL_ARGUMENT);
+
+    /* A session: the PIN block never shows; a line that cannot be read is named, not failed. */
+    {
+        static const char trace[] = ">> 00200080022412\n<< 63C1\n?? 9000\n";
+        static char session[4096];
+        CHECK_STATUS(vastrel_explain_session_json(trace, strlen(trace), 0, session, sizeof session,
+                                                  &text_length),
+                     VASTREL_OK);
+        CHECK(strstr(session, "\"hex\": \"0020008002****\"") != NULL);
+        CHECK(strstr(session, "verification failed, 1 try left") != NULL);
+        CHECK(strstr(session, "\"line\": 3") != NULL);
+        CHECK(strstr(session, "2412") == NULL);
+    }
 }
 
 static void test_lookups(void) {

@@ -62,6 +62,12 @@ TEST(ResourceLimitsTest, MegabyteOfNestingIsAnsweredOnASmallStack) {
     std::string flat;
     while (flat.size() < (2u << 20))
         flat += "9F2701805A0847617390010100109F34034203009F0206000000001234";
+    // A megabyte of trace: a contact session, over and over.
+    const std::string session =
+        vastrel::testing::readSourceFile("tests/Explain/sessions/visa-contact.txt");
+    std::string trace;
+    while (trace.size() < (1u << 20))
+        trace += session;
     struct Case {
         std::vector<std::string> args;
         const std::string& input;
@@ -78,6 +84,8 @@ TEST(ResourceLimitsTest, MegabyteOfNestingIsAnsweredOnASmallStack) {
         {{"explain"}, nested, budget, 1},
         {{"explain", "--json"}, flat, budget, 0},
         {{"explain"}, flat, budget, 0},
+        {{"explain", "--trace"}, trace, budget, 0},
+        {{"explain", "--trace", "--json"}, trace, budget, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.args.front() + (c.args.size() > 1 ? " " + c.args[1] : ""));

@@ -6,7 +6,9 @@
 
 #include "Commands.hpp"
 #include "HexInput.hpp"
+#include "vastrel/Explain/ApduTrace.hpp"
 #include "vastrel/Explain/Explainer.hpp"
+#include "vastrel/Explain/SessionExplainer.hpp"
 
 namespace vastrel::tool {
 namespace {
@@ -14,13 +16,14 @@ namespace {
 struct ExplainOptionsCli {
     std::vector<std::string> hex;
     bool json = false;
+    bool trace = false;
 };
 
 // Hex digits per line of a value; longer values continue on the next lines.
 constexpr std::size_t kValueWrap = 64;
 
-void appendElement(std::string& out, const ExplainedElement& element) {
-    const std::string indent(2 * element.depth, ' ');
+void appendElement(std::string& out, const ExplainedElement& element, std::size_t margin = 0) {
+    const std::string indent(margin + 2 * element.depth, ' ');
     out += indent + element.tag + "  " + std::string(element.name) + "  [" +
            std::to_string(element.length) + "]";
     const std::string continuation(indent.size() + 4, ' ');
@@ -36,19 +39,100 @@ void appendElement(std::string& out, const ExplainedElement& element) {
         out += continuation + "- " + finding + '\n';
 }
 
-std::string treeText(const Explanation& explanation) {
+std::string treeText(const Explanation& explanation, std::size_t margin = 0) {
     std::string out;
     for (const auto& element : explanation.elements)
-        appendElement(out, element);
+        appendElement(out, element, margin);
     if (explanation.status) {
-        out += "SW " + explanation.status->word + "  " + explanation.status->meaning + '\n';
+        out += std::string(margin, ' ') + "SW " + explanation.status->word + "  " +
+               explanation.status->meaning + '\n';
     }
     return out;
 }
 
+void appendLines(std::string& out, std::string_view margin, const std::vector<std::string>& lines) {
+    for (const auto& line : lines)
+        out += std::string(margin) + "- " + line + '\n';
+}
+
+void appendCommand(std::string& out, const ExplainedCommand& command) {
+    out += "  >> " + command.hex + '\n';
+    out += "  " + command.name + (command.header.empty() ? "" : "  " + command.header) + '\n';
+    appendLines(out, "    ", command.parameters);
+    if (command.note) out += "    (" + *command.note + ")\n";
+    for (const auto& element : command.dol)
+        appendElement(out, element, 4);
+}
+
+void appendResponse(std::string& out, const ExplainedResponse& response) {
+    out += "  <<\n";
+    if (response.error) {
+        out += "    (" + *response.error + ")\n";
+        return;
+    }
+    out += treeText(response.explanation, 4);
+    if (response.explanation.error) {
+        out += "    (the data stops reading: " +
+               std::string(describe(response.explanation.error->kind)) + " at byte " +
+               std::to_string(response.explanation.error->offset) + ")\n";
+    }
+}
+
+void appendSummary(std::string& out, const SessionSummary& summary) {
+    out += "Summary\n";
+    const auto line = [&out](std::string_view label, const std::string& text) {
+        out += "  " + std::string(label) + ": " + text + '\n';
+    };
+    const auto list = [&](std::string_view label, const std::vector<std::string>& items) {
+        if (items.empty()) return;
+        out += "  " + std::string(label) + ":\n";
+        appendLines(out, "    ", items);
+    };
+    if (summary.application) line("Application", *summary.application);
+    if (summary.cardNumber) line("Card number", *summary.cardNumber);
+    list("Records read", summary.recordsRead);
+    list("Cardholder verification", summary.verification);
+    list("Cryptograms", summary.cryptograms);
+    list("TVR sent with GENERATE AC", summary.terminalVerificationResults);
+    list("Not in the trace", summary.notShown);
+}
+
+std::string sessionText(const SessionExplanation& session) {
+    std::string out;
+    for (std::size_t i = 0; i < session.exchanges.size(); ++i) {
+        const ExplainedExchange& exchange = session.exchanges[i];
+        out +=
+            "Exchange " + std::to_string(i + 1) + " (line " + std::to_string(exchange.line) + ")\n";
+        if (exchange.command) appendCommand(out, *exchange.command);
+        if (exchange.response) appendResponse(out, *exchange.response);
+        appendLines(out, "  ", exchange.notes);
+        out += '\n';
+    }
+    appendSummary(out, session.summary);
+    return out;
+}
+
+// A trace of a session: several APDUs, one a line.
+CommandOutput runTrace(const std::string& text, const ExplainOptionsCli& options,
+                       const CommandContext& context) {
+    ExplainOptions explainOptions;
+    explainOptions.showSensitive = context.showSensitive;
+    const SessionExplanation session =
+        SessionExplainer::explain(ApduTrace::read(text), explainOptions);
+    CommandOutput output;
+    output.text = options.json ? SessionExplainer::toJson(session) : sessionText(session);
+    if (session.error) {
+        output.error =
+            "trace line " + std::to_string(session.error->line) + ": " + session.error->reason;
+    }
+    return output;
+}
+
 CommandOutput runExplain(const ExplainOptionsCli& options, const CommandContext& context) {
+    const std::string text = readText(options.hex, context.input);
+    if (options.trace || ApduTrace::looksLikeTrace(text)) return runTrace(text, options, context);
     // Colons are byte separators in many trace formats.
-    const Bytes bytes = readHexBytes(options.hex, context.input, ":");
+    const Bytes bytes = hexBytes(text, ":");
     ExplainOptions explainOptions;
     explainOptions.showSensitive = context.showSensitive;
     const Explanation explanation = Explainer::explain(bytes, explainOptions);
@@ -74,6 +158,9 @@ Command addExplainCommand(CLI::App& app) {
     parser->add_option("HEX", options->hex,
                        std::string(kHexHelp) + "; colons between bytes are removed too");
     parser->add_flag("--json", options->json, "Print one JSON object");
+    parser->add_flag("--trace", options->trace,
+                     "Read the input as a trace of a card session, one APDU a line (found "
+                     "without this when several lines each hold a command or a response)");
     return {parser, [options](CommandContext& context) { return runExplain(*options, context); }};
 }
 

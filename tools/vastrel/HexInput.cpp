@@ -42,25 +42,28 @@ std::string InputSource::readAll() const {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-std::string readHexInput(const std::vector<std::string>& args, const InputSource& input,
-                         std::string_view separators) {
+std::string readText(const std::vector<std::string>& args, const InputSource& input) {
     if (!args.empty()) {
         std::string joined;
         for (const auto& arg : args)
             joined += arg + ' ';
-        return cleanHex(joined, "hex data", separators);
+        return joined;
     }
     if (input.isTerminal) {
         throw UsageError("no HEX given: pass it as an argument or pipe it on standard input");
     }
-    return cleanHex(input.readAll(), "hex data", separators);
+    return input.readAll();
 }
 
-Bytes readHexBytes(const std::vector<std::string>& args, const InputSource& input,
-                   std::string_view separators) {
+std::string readHexInput(const std::vector<std::string>& args, const InputSource& input,
+                         std::string_view separators) {
+    return cleanHex(readText(args, input), "hex data", separators);
+}
+
+Bytes hexBytes(std::string_view text, std::string_view separators) {
     Bytes bytes;
     // cleanHex has checked every digit; a fault here would be ours, not the input's.
-    if (HexDecoder::decode(readHexInput(args, input, separators), bytes)) {
+    if (HexDecoder::decode(cleanHex(text, "hex data", separators), bytes)) {
         throw InputError("hex data could not be decoded");
     }
     return bytes;

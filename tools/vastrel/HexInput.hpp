@@ -23,8 +23,11 @@ std::string cleanHex(std::string_view text, std::string_view what = "hex data",
 std::string readHexInput(const std::vector<std::string>& args, const InputSource& input,
                          std::string_view separators = "");
 
-// The same, decoded to bytes.
-Bytes readHexBytes(const std::vector<std::string>& args, const InputSource& input,
-                   std::string_view separators = "");
+// The subcommand's input as it stands: the arguments joined by blanks, or all of input when
+// there are none. Throws UsageError as readHexInput does.
+std::string readText(const std::vector<std::string>& args, const InputSource& input);
+
+// text cleaned as cleanHex cleans it, decoded to bytes.
+Bytes hexBytes(std::string_view text, std::string_view separators = "");
 
 }  // namespace vastrel::tool

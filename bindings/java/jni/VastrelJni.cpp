@@ -337,6 +337,17 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainJson)(JNIEnv* env, jclass, jbyte
     });
 }
 
+JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainSessionJson)(JNIEnv* env, jclass, jbyteArray trace,
+                                                             jboolean showSensitive) {
+    return guarded<jbyteArray>(env, [&] {
+        const auto text = bytesOf(env, trace);
+        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
+            return vastrel_explain_session_json(dataOf(text), sizeOf(text), showSensitive ? 1 : 0,
+                                                out, capacity, length);
+        });
+    });
+}
+
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(tagName)(JNIEnv* env, jclass, jbyteArray tag) {
     return guarded<jbyteArray>(env, [&] {
         const auto bytes = bytesOf(env, tag);

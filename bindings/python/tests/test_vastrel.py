@@ -142,3 +142,11 @@ def test_four_threads_at_once():
     for thread in threads:
         thread.join()
     assert set(results) == {("Amount, Authorised (Numeric)", vastrel.CardType.VISA)}
+
+
+def test_explain_session_gives_python_objects():
+    session = vastrel.explain_session(">> 00200080022412\n<< 63C1\n?? 9000\n")
+    (exchange,) = session["exchanges"]
+    assert exchange["command"]["hex"] == "0020008002****"
+    assert exchange["response"]["status"]["meaning"] == "verification failed, 1 try left"
+    assert session["error"] == {"line": 3, "reason": "no direction marker (>> or <<, TX or RX, ...)"}

@@ -16,6 +16,9 @@ namespace vastrel {
 struct ExplainOptions {
     bool showSensitive = false;  // card data in full; masked by default
     std::uint32_t maxDepth = BerReader::kDefaultMaxDepth;
+    // The kernel to read the data in when it carries no AID of its own: a session's
+    // selected application.
+    PaymentScheme scheme = PaymentScheme::Any;
 };
 
 // One element of an explanation, in document order: a template is followed by its subtree,

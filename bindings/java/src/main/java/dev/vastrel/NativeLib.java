@@ -43,6 +43,8 @@ final class NativeLib {
 
     static native byte[] explainJson(byte[] data, boolean showSensitive);
 
+    static native byte[] explainSessionJson(byte[] trace, boolean showSensitive);
+
     /** Null when the dictionary has no name for the tag. */
     static native byte[] tagName(byte[] tag);
 

@@ -80,6 +80,13 @@ public final class Tlv {
         return children;
     }
 
+    /** Makes the children read-only once the list is built. */
+    void seal() {
+        if (!children.isEmpty()) {
+            children = Collections.unmodifiableList(children);
+        }
+    }
+
     @Override
     public String toString() {
         return tag() + " (" + valueLength + ") " + value();

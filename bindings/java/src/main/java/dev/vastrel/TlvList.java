@@ -3,7 +3,6 @@ package dev.vastrel;
 import java.nio.charset.StandardCharsets;
 import java.util.AbstractList;
 import java.util.ArrayList;
-import java.util.Collections;
 import java.util.List;
 
 /**
@@ -17,7 +16,7 @@ public final class TlvList extends AbstractList<Tlv> {
     private static final int FIELDS = 8;
 
     private final byte[] data;
-    private final List<Tlv> topLevel;
+    private final ArrayList<Tlv> topLevel;
     private final int fault;
     private final int faultOffset;
     private volatile int scheme = -1;
@@ -28,7 +27,8 @@ public final class TlvList extends AbstractList<Tlv> {
         this.faultOffset = packed[2];
         int count = packed[0];
         Tlv[] all = new Tlv[count];
-        List<Tlv> top = new ArrayList<>();
+        // Read only through this list, which AbstractList keeps unmodifiable.
+        ArrayList<Tlv> top = new ArrayList<>(count);
         for (int i = 0, at = HEADER; i < count; ++i, at += FIELDS) {
             Tlv element = new Tlv(this, packed[at], packed[at + 1], packed[at + 3] != 0,
                     packed[at + 4], packed[at + 5], packed[at + 6], packed[at + 7]);
@@ -40,7 +40,10 @@ public final class TlvList extends AbstractList<Tlv> {
                 adopt(all[parent], element);
             }
         }
-        this.topLevel = Collections.unmodifiableList(top);
+        for (Tlv element : all) {
+            element.seal();
+        }
+        this.topLevel = top;
     }
 
     private static void adopt(Tlv parent, Tlv child) {

@@ -79,6 +79,15 @@ public final class Vastrel {
     }
 
     /**
+     * The explanation of a card session given as a trace, one APDU a line, as one JSON object:
+     * every command and response explained, the card's data object lists applied, and a
+     * summary. A line that cannot be read is named in the object's "error". Never null.
+     */
+    public static String explainSessionJson(String trace, boolean showSensitive) {
+        return Utf8.string(NativeLib.explainSessionJson(Utf8.required(trace, "trace"), showSensitive));
+    }
+
+    /**
      * Sends the library's log lines to handler, on the thread that logs; null turns logging
      * off, as it is until a handler is set. Once this returns, the handler it replaced is
      * never called again.

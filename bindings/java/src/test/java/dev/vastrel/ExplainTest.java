@@ -20,4 +20,12 @@ class ExplainTest {
         assertThrows(NullPointerException.class, () -> Vastrel.explainJson((byte[]) null, false));
         assertTrue(Vastrel.explainJson("5A084761739001010010", false).contains("476173******0010"));
     }
+
+    @Test
+    void sessionExplanationHidesThePinBlock() {
+        String json = Vastrel.explainSessionJson(">> 00200080022412\n<< 63C1\n", false);
+        assertTrue(json.contains("\"hex\": \"0020008002****\""), json);
+        assertTrue(json.contains("verification failed, 1 try left"), json);
+        assertFalse(json.contains("2412"), json);
+    }
 }

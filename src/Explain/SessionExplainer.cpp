@@ -1,0 +1,401 @@
+#include "vastrel/Explain/SessionExplainer.hpp"
+
+#include <algorithm>
+#include <string>
+
+#include "DecoderParts.hpp"
+#include "vastrel/Codec/Tag.hpp"
+#include "vastrel/Explain/ApplicationIdentifier.hpp"
+#include "vastrel/Explain/CommandApdu.hpp"
+#include "vastrel/Explain/DataObjectList.hpp"
+#include "vastrel/Explain/EmvDictionary.hpp"
+#include "vastrel/Explain/StatusWord.hpp"
+#include "vastrel/Tags/CardDataPolicy.hpp"
+
+namespace vastrel {
+namespace {
+
+using explain::hex;
+using explain::tagHex;
+
+constexpr std::uint32_t kPdol = 0x9F38;
+constexpr std::uint32_t kCdol1 = 0x8C;
+constexpr std::uint32_t kCdol2 = 0x8D;
+constexpr std::uint32_t kDdol = 0x9F49;
+constexpr std::uint32_t kCommandTemplate = 0x83;
+constexpr std::uint32_t kDfName = 0x84;
+constexpr std::uint32_t kLabel = 0x50;
+constexpr std::uint32_t kPan = 0x5A;
+constexpr std::uint32_t kTrack2 = 0x57;
+constexpr std::uint32_t kCid = 0x9F27;
+constexpr std::uint32_t kTvr = 0x95;
+constexpr std::uint32_t kCurrency = 0x5F2A;
+constexpr std::uint8_t kCidTypeMask = 0xC0;
+
+constexpr std::string_view kCryptogramNames[] = {"AAC", "TC", "ARQC", "RFU"};
+
+// What the session has shown so far, which later exchanges are read with.
+struct SessionState {
+    PaymentScheme scheme = PaymentScheme::Any;
+    std::optional<std::string> application;
+    std::optional<std::string> label;
+    std::optional<std::vector<DolEntry>> pdol;
+    std::optional<std::vector<DolEntry>> cdol1;
+    std::optional<std::vector<DolEntry>> cdol2;
+    std::optional<std::vector<DolEntry>> ddol;
+    std::optional<std::uint16_t> currency;
+    std::size_t generateAcCount = 0;
+    bool sawProcessingOptions = false;
+    // The command whose answer a 61xx left for GET RESPONSE to fetch.
+    std::optional<CommandApdu> awaitingResponse;
+};
+
+std::string headerOf(const CommandApdu& apdu) {
+    const auto byte = [](std::string_view name, std::uint8_t value) {
+        return std::string(name) + " " + hex({&value, 1});
+    };
+    std::string header = byte("CLA", apdu.cla) + "  " + byte("INS", apdu.ins) + "  " +
+                         byte("P1", apdu.p1) + "  " + byte("P2", apdu.p2);
+    if (apdu.lc) header += "  " + byte("Lc", *apdu.lc);
+    if (apdu.le) header += "  " + byte("Le", *apdu.le);
+    return header;
+}
+
+// The command data's fields as elements: named in the session's kernel, decoded, card data
+// masked unless shown.
+std::vector<ExplainedElement> dolElements(const std::vector<DolField>& fields,
+                                          const SessionState& state,
+                                          const ExplainOptions& options) {
+    DecodeContext context;
+    context.scheme = state.scheme;
+    context.showSensitive = options.showSensitive;
+    context.currency = state.currency;
+    for (const DolField& field : fields) {
+        if (field.tag == kCurrency) context.currency = explain::smallBcdNumber(field.value, 999);
+    }
+    std::vector<ExplainedElement> elements;
+    for (const DolField& field : fields) {
+        ExplainedElement& element = elements.emplace_back();
+        element.tag = tagHex(field.tag);
+        const TagInfo* info = EmvDictionary::find(field.tag, state.scheme);
+        element.name = info != nullptr ? info->name : Tag::kUnknownTagName;
+        element.length = field.value.size();
+        element.value = hex(field.value);
+        if (!options.showSensitive)
+            CardDataPolicy::maskValue(field.tag, state.scheme, element.value);
+        element.subtreeEnd = static_cast<std::uint32_t>(elements.size());
+        if (field.value.size() < field.declaredLength) {
+            element.meaning.push_back("The data ends " +
+                                      std::to_string(field.declaredLength - field.value.size()) +
+                                      " bytes short of the length the DOL asks for");
+            element.decoded = true;
+        } else if (FieldDecoders::has(field.tag, state.scheme)) {
+            element.meaning = FieldDecoders::decode(field.tag, field.value, context);
+            element.decoded = true;
+        }
+    }
+    return elements;
+}
+
+// The DOL that lays out the data of command, if the session has shown it.
+const std::optional<std::vector<DolEntry>>* dolFor(const CommandApdu& apdu, SessionState& state,
+                                                   std::string_view& dolName) {
+    switch (apdu.command) {
+        case EmvCommand::GetProcessingOptions:
+            dolName = "PDOL (9F38)";
+            return &state.pdol;
+        case EmvCommand::GenerateAc:
+            if (state.generateAcCount++ == 0) {
+                dolName = "CDOL1 (8C)";
+                return &state.cdol1;
+            }
+            dolName = "CDOL2 (8D)";
+            return &state.cdol2;
+        case EmvCommand::InternalAuthenticate:
+            dolName = "DDOL (9F49)";
+            return &state.ddol;
+        default:
+            return nullptr;
+    }
+}
+
+void explainCommandData(const CommandApdu& apdu, ExplainedCommand& command, SessionState& state,
+                        SessionSummary& summary, const ExplainOptions& options) {
+    std::string_view dolName;
+    const auto* dol = dolFor(apdu, state, dolName);
+    if (dol == nullptr || apdu.data.empty()) return;
+    std::span<const std::uint8_t> data = apdu.data;
+    if (apdu.command == EmvCommand::GetProcessingOptions) {
+        // The PDOL data comes inside the command template 83.
+        const BerReadResult read = BerReader::read(data);
+        if (read.error || read.nodes.empty() || read.nodes[0].tagNumber() != kCommandTemplate) {
+            command.note = "The data is not a command template (83)";
+            return;
+        }
+        data = read.nodes[0].value;
+        if (data.empty()) return;
+    }
+    if (!dol->has_value()) {
+        command.note = "The card's " + std::string(dolName) +
+                       " is not in the trace: the data is shown as it is";
+        return;
+    }
+    const auto fields = DataObjectList::split(**dol, data);
+    command.dol = dolElements(fields, state, options);
+    if (data.size() != DataObjectList::totalLength(**dol)) {
+        command.note = "The data has " + std::to_string(data.size()) + " bytes; the " +
+                       std::string(dolName) + " asks for " +
+                       std::to_string(DataObjectList::totalLength(**dol));
+    }
+    for (const DolField& field : fields) {
+        if (field.tag != kTvr || apdu.command != EmvCommand::GenerateAc) continue;
+        summary.terminalVerificationResults = FieldDecoders::decode(kTvr, field.value);
+        if (summary.terminalVerificationResults.empty()) {
+            summary.terminalVerificationResults.push_back("No finding: every bit is clear");
+        }
+    }
+}
+
+// The command's hex as it may be shown: the PIN block of a VERIFY hidden whole, the fields
+// split by a DOL as they are shown (card data masked), and other data that reads as BER-TLV
+// with its card data masked where it lies.
+std::string shownCommandHex(const CommandApdu& apdu, std::span<const std::uint8_t> bytes,
+                            const ExplainedCommand& command, const SessionState& state,
+                            const ExplainOptions& options) {
+    std::string shown = hex(bytes);
+    if (options.showSensitive || apdu.data.empty()) return shown;
+    constexpr std::size_t kDataStart = 2 * 5;  // after CLA INS P1 P2 Lc
+    std::string data;
+    if (apdu.command == EmvCommand::Verify) {
+        data.assign(2 * apdu.data.size(), '*');
+    } else if (!command.dol.empty() && apdu.command != EmvCommand::GetProcessingOptions) {
+        for (const ExplainedElement& field : command.dol)
+            data += field.value;
+    } else if (!BerReader::read(apdu.data).error) {
+        data = CardDataPolicy::maskedTlvHex(hex(apdu.data), state.scheme);
+    }
+    shown.replace(kDataStart, data.size(), data);
+    return shown;
+}
+
+ExplainedCommand explainCommand(const CommandApdu& apdu, std::span<const std::uint8_t> bytes,
+                                SessionState& state, SessionSummary& summary,
+                                const ExplainOptions& options) {
+    ExplainedCommand command;
+    command.name = std::string(apdu.name());
+    command.header = headerOf(apdu);
+    command.parameters = apdu.parameters();
+    explainCommandData(apdu, command, state, summary, options);
+    command.hex = shownCommandHex(apdu, bytes, command, state, options);
+    if (apdu.command == EmvCommand::ReadRecord) {
+        summary.recordsRead.push_back("SFI " + std::to_string(apdu.p2 >> 3) + " record " +
+                                      std::to_string(apdu.p1));
+    }
+    if (apdu.command == EmvCommand::GenerateAc) {
+        summary.cryptograms.push_back("Asked for " + std::string(kCryptogramNames[apdu.p1 >> 6]) +
+                                      ((apdu.p1 & 0x10) != 0 ? " with CDA" : ""));
+    }
+    return command;
+}
+
+// The status word read for the command it answers: 63Cx counts PIN tries only after a
+// VERIFY.
+std::string statusMeaning(std::uint8_t sw1, std::uint8_t sw2, const CommandApdu* apdu) {
+    if (sw1 == 0x63 && (sw2 & 0xF0) == 0xC0 &&
+        (apdu == nullptr || apdu->command != EmvCommand::Verify)) {
+        return "warning: state of non-volatile memory changed, counter " +
+               std::to_string(sw2 & 0x0F);
+    }
+    return StatusWord::meaning(sw1, sw2);
+}
+
+const BerNode* firstPrimitive(const std::vector<BerNode>& nodes, std::uint32_t tag) {
+    const auto found = std::find_if(nodes.begin(), nodes.end(), [tag](const BerNode& node) {
+        return !node.constructed && node.tagNumber() == tag;
+    });
+    return found == nodes.end() ? nullptr : &*found;
+}
+
+std::optional<std::vector<DolEntry>> dolIn(const std::vector<BerNode>& nodes, std::uint32_t tag) {
+    const BerNode* node = firstPrimitive(nodes, tag);
+    if (node == nullptr) return std::nullopt;
+    return DataObjectList::parse(node->value);
+}
+
+// What a response teaches the session: the application selected, its DOLs, the card number,
+// the cryptogram returned, the PIN's fate.
+void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t sw2,
+               const CommandApdu* apdu, SessionState& state, SessionSummary& summary,
+               const ExplainOptions& options) {
+    const bool ok = sw1 == 0x90 && sw2 == 0x00;
+    if (apdu != nullptr && apdu->command == EmvCommand::Select && ok) {
+        const std::string name(apdu->data.begin(), apdu->data.end());
+        const bool directory = name == "1PAY.SYS.DDF01" || name == "2PAY.SYS.DDF01";
+        const BerNode* dfName = firstPrimitive(nodes, kDfName);
+        const auto aid = dfName != nullptr ? dfName->value : apdu->data;
+        if (!directory && !aid.empty()) {
+            const AidInfo info = ApplicationIdentifier::identify(aid);
+            state.scheme = info.scheme;
+            std::string application = hex(aid);
+            if (info.scheme != PaymentScheme::Any)
+                application += ", " + std::string(schemeName(info.scheme));
+            if (!info.product.empty()) application += " (" + std::string(info.product) + ")";
+            state.application = application;
+        }
+        if (const BerNode* label = firstPrimitive(nodes, kLabel); label != nullptr && !directory) {
+            state.label = std::string(label->value.begin(), label->value.end());
+        }
+    }
+    for (const auto& [tag, dol] :
+         {std::pair{kPdol, &state.pdol}, std::pair{kCdol1, &state.cdol1},
+          std::pair{kCdol2, &state.cdol2}, std::pair{kDdol, &state.ddol}}) {
+        if (auto found = dolIn(nodes, tag)) *dol = std::move(found);
+    }
+    if (const BerNode* currency = firstPrimitive(nodes, kCurrency)) {
+        if (const auto code = explain::smallBcdNumber(currency->value, 999)) {
+            state.currency = static_cast<std::uint16_t>(*code);
+        }
+    }
+    for (const std::uint32_t tag : {kPan, kTrack2}) {
+        const BerNode* holder = firstPrimitive(nodes, tag);
+        if (holder == nullptr || summary.cardNumber) continue;
+        std::string digits = hex(holder->value);
+        digits.erase(std::find(digits.begin(), digits.end(), tag == kPan ? 'F' : 'D'),
+                     digits.end());
+        if (!options.showSensitive) CardDataPolicy::maskValue(kPan, PaymentScheme::Any, digits);
+        summary.cardNumber = digits;
+    }
+    if (apdu == nullptr) return;
+    if (apdu->command == EmvCommand::GenerateAc) {
+        const BerNode* cid = firstPrimitive(nodes, kCid);
+        if (cid != nullptr && cid->value.size() == 1 && !summary.cryptograms.empty()) {
+            summary.cryptograms.back() +=
+                ", card returned " +
+                std::string(kCryptogramNames[(cid->value[0] & kCidTypeMask) >> 6]) + " (CID " +
+                hex(cid->value) + ")";
+        }
+    }
+    if (apdu->command == EmvCommand::Verify) {
+        const std::string form = apdu->p2 == 0x80   ? "Plaintext PIN"
+                                 : apdu->p2 == 0x88 ? "Enciphered PIN"
+                                                    : "PIN (qualifier " + hex({&apdu->p2, 1}) + ")";
+        summary.verification.push_back(form + ": " +
+                                       (ok ? "verified" : statusMeaning(sw1, sw2, apdu)));
+    }
+    if (apdu->command == EmvCommand::GetProcessingOptions) state.sawProcessingOptions = true;
+}
+
+ExplainedResponse explainResponse(const TraceApdu& response, const CommandApdu* apdu,
+                                  SessionState& state, SessionSummary& summary,
+                                  const ExplainOptions& options) {
+    ExplainedResponse explained;
+    const Bytes& bytes = response.bytes;
+    if (bytes.size() < 2) {
+        explained.error = "The response has " + std::to_string(bytes.size()) +
+                          " byte(s): too short for a status word";
+        return explained;
+    }
+    const std::uint8_t sw1 = bytes[bytes.size() - 2];
+    const std::uint8_t sw2 = bytes[bytes.size() - 1];
+    const auto data = std::span<const std::uint8_t>(bytes).first(bytes.size() - 2);
+    ExplainOptions responseOptions = options;
+    responseOptions.scheme = state.scheme;
+    explained.explanation = Explainer::explain(data, responseOptions);
+    // The last two bytes are the status word whatever the data holds.
+    explained.explanation.status = ExplainedStatus{
+        hex(std::span<const std::uint8_t>(bytes).last(2)), statusMeaning(sw1, sw2, apdu)};
+    // A GET RESPONSE answers the command that announced it with 61xx.
+    const CommandApdu* answered = apdu;
+    if (apdu != nullptr && apdu->command == EmvCommand::GetResponse && state.awaitingResponse) {
+        answered = &*state.awaitingResponse;
+    }
+    const BerReadResult read = BerReader::read(data);
+    learnFrom(read.nodes, sw1, sw2, answered, state, summary, options);
+    state.awaitingResponse.reset();
+    if (sw1 == 0x61 && answered != nullptr) state.awaitingResponse = *answered;
+    return explained;
+}
+
+// Notes that join an exchange to the one before: GET RESPONSE fetching what 61xx announced,
+// a command sent again with the Le that 6Cxx asked for.
+void notePairing(std::vector<ExplainedExchange>& exchanges, const std::optional<CommandApdu>& apdu,
+                 const std::optional<TraceExchange>& previous) {
+    if (!previous || !previous->response || previous->response->bytes.size() < 2 || !apdu) return;
+    const Bytes& last = previous->response->bytes;
+    const std::uint8_t sw1 = last[last.size() - 2];
+    const std::uint8_t sw2 = last[last.size() - 1];
+    const std::size_t before = exchanges.size() - 1;
+    if (sw1 == 0x61 && apdu->command == EmvCommand::GetResponse) {
+        exchanges.back().notes.push_back("Fetches the " + std::to_string(sw2) +
+                                         " bytes that exchange " + std::to_string(before) +
+                                         " announced (61" + hex({&sw2, 1}) + ")");
+    }
+    if (sw1 == 0x6C && previous->command && apdu->le == sw2) {
+        exchanges.back().notes.push_back("Sends exchange " + std::to_string(before) +
+                                         "'s command again with the Le that 6C" + hex({&sw2, 1}) +
+                                         " asked for");
+    }
+}
+
+void summarise(const SessionState& state, SessionSummary& summary) {
+    if (state.application) {
+        summary.application = *state.application;
+        if (state.label) *summary.application += ", label " + *state.label;
+    } else {
+        summary.notShown.push_back("which application was selected (no SELECT of an AID)");
+    }
+    if (!summary.cardNumber) summary.notShown.push_back("the card number (no 5A or 57)");
+    if (summary.verification.empty()) {
+        summary.notShown.push_back("a VERIFY: the PIN, if any, was checked online or not at all");
+    }
+    if (summary.cryptograms.empty()) summary.notShown.push_back("a GENERATE AC");
+    if (summary.terminalVerificationResults.empty()) {
+        summary.notShown.push_back("the TVR (no 95 in GENERATE AC data split by a CDOL)");
+    }
+    if (!state.sawProcessingOptions) summary.notShown.push_back("a GET PROCESSING OPTIONS");
+}
+
+}  // namespace
+
+SessionExplanation SessionExplainer::explain(const TraceRead& trace,
+                                             const ExplainOptions& options) {
+    SessionExplanation session;
+    session.error = trace.error;
+    SessionState state;
+    std::optional<TraceExchange> previous;
+    for (const TraceExchange& exchange : trace.exchanges) {
+        ExplainedExchange& explained = session.exchanges.emplace_back();
+        std::optional<CommandApdu> apdu;
+        if (exchange.command) {
+            explained.line = exchange.command->line;
+            apdu = CommandApdu::parse(exchange.command->bytes);
+            if (apdu) {
+                explained.command =
+                    explainCommand(*apdu, exchange.command->bytes, state, session.summary, options);
+            } else {
+                ExplainedCommand unreadable;
+                unreadable.hex = hex(exchange.command->bytes);
+                unreadable.name = "MALFORMED COMMAND";
+                unreadable.note =
+                    "Not a command APDU: shorter than 4 bytes, or its Lc disagrees "
+                    "with its length";
+                explained.command = unreadable;
+            }
+            notePairing(session.exchanges, apdu, previous);
+        } else {
+            explained.line = exchange.response->line;
+            explained.notes.push_back("A response without its command (lost from the trace)");
+        }
+        if (exchange.response) {
+            explained.response = explainResponse(*exchange.response, apdu ? &*apdu : nullptr, state,
+                                                 session.summary, options);
+        } else {
+            explained.notes.push_back("No response in the trace");
+        }
+        previous = exchange;
+    }
+    summarise(state, session.summary);
+    return session;
+}
+
+}  // namespace vastrel

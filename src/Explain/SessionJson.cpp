@@ -1,0 +1,117 @@
+// SessionExplainer::toJson: the session explanation as one JSON object, written in one pass.
+#include "ExplanationJson.hpp"
+#include "vastrel/Explain/SessionExplainer.hpp"
+
+namespace vastrel {
+namespace {
+
+using explain::JsonWriter;
+
+void stringsOrNull(JsonWriter& json, std::string_view key, const std::optional<std::string>& text) {
+    json.key(key);
+    if (text) {
+        json.string(*text);
+    } else {
+        json.null();
+    }
+}
+
+void strings(JsonWriter& json, std::string_view key, const std::vector<std::string>& texts) {
+    json.key(key);
+    json.beginArray();
+    for (const auto& text : texts)
+        json.string(text);
+    json.endArray();
+}
+
+void writeCommand(JsonWriter& json, const ExplainedCommand& command) {
+    json.beginObject();
+    json.key("hex");
+    json.string(command.hex);
+    json.key("name");
+    json.string(command.name);
+    json.key("header");
+    json.string(command.header);
+    strings(json, "parameters", command.parameters);
+    json.key("dol");
+    explain::writeElements(json, command.dol);
+    stringsOrNull(json, "note", command.note);
+    json.endObject();
+}
+
+void writeResponse(JsonWriter& json, const ExplainedResponse& response) {
+    json.beginObject();
+    if (response.error) {
+        json.key("elements");
+        json.beginArray();
+        json.endArray();
+        json.key("status");
+        json.null();
+        json.key("error");
+        json.beginObject();
+        json.key("reason");
+        json.string(*response.error);
+        json.endObject();
+    } else {
+        explain::writeExplanationFields(json, response.explanation);
+    }
+    json.endObject();
+}
+
+void writeSummary(JsonWriter& json, const SessionSummary& summary) {
+    json.beginObject();
+    stringsOrNull(json, "application", summary.application);
+    stringsOrNull(json, "card_number", summary.cardNumber);
+    strings(json, "records_read", summary.recordsRead);
+    strings(json, "verification", summary.verification);
+    strings(json, "cryptograms", summary.cryptograms);
+    strings(json, "tvr", summary.terminalVerificationResults);
+    strings(json, "not_shown", summary.notShown);
+    json.endObject();
+}
+
+}  // namespace
+
+std::string SessionExplainer::toJson(const SessionExplanation& session) {
+    JsonWriter json;
+    json.beginObject();
+    json.key("exchanges");
+    json.beginArray();
+    for (const ExplainedExchange& exchange : session.exchanges) {
+        json.beginObject();
+        json.key("line");
+        json.number(exchange.line);
+        json.key("command");
+        if (exchange.command) {
+            writeCommand(json, *exchange.command);
+        } else {
+            json.null();
+        }
+        json.key("response");
+        if (exchange.response) {
+            writeResponse(json, *exchange.response);
+        } else {
+            json.null();
+        }
+        strings(json, "notes", exchange.notes);
+        json.endObject();
+    }
+    json.endArray();
+    json.key("summary");
+    writeSummary(json, session.summary);
+    json.key("error");
+    if (session.error) {
+        json.beginObject();
+        json.key("line");
+        json.number(session.error->line);
+        json.key("reason");
+        json.string(session.error->reason);
+        json.endObject();
+    } else {
+        json.null();
+    }
+    json.endObject();
+    return json.finish();
+}
+
+}  // namespace vastrel
