@@ -138,6 +138,7 @@ TraceRead ApduTrace::read(std::string_view text) {
                 return result;
             }
             apdu.direction = marker->direction;
+            apdu.hexStart = marker->end;
             hex = line.substr(marker->end);
         } else {
             apdu.direction = next;

@@ -106,6 +106,29 @@ std::string maskedHex(std::span<const std::uint8_t> data, const std::vector<BerN
     return hex;
 }
 
+// Where the kernel is not known (no AID in the data nor given) and tag means different things
+// in different kernels: every meaning, rather than one chosen silently.
+void addKernelCandidates(ExplainedElement& element, std::uint32_t tag, PaymentScheme scheme) {
+    if (scheme != PaymentScheme::Any) return;
+    const auto entries = EmvDictionary::entries();
+    const auto first =
+        std::lower_bound(entries.begin(), entries.end(), tag,
+                         [](const TagInfo& e, std::uint32_t t) { return e.tag < t; });
+    const auto last = std::upper_bound(first, entries.end(), tag,
+                                       [](std::uint32_t t, const TagInfo& e) { return t < e.tag; });
+    if (last - first < 2) return;
+    std::string candidates = "No AID says which kernel: ";
+    for (auto entry = first; entry != last; ++entry) {
+        if (entry != first) candidates += "; ";
+        candidates +=
+            (entry->scheme == PaymentScheme::Any ? std::string("shared meaning")
+                                                 : std::string(schemeName(entry->scheme))) +
+            ": " + std::string(entry->name);
+    }
+    element.meaning.push_back(candidates);
+    element.decoded = true;
+}
+
 }  // namespace
 
 Explanation Explainer::explain(std::span<const std::uint8_t> data, const ExplainOptions& options) {
@@ -140,6 +163,7 @@ Explanation Explainer::explain(std::span<const std::uint8_t> data, const Explain
             element.meaning = FieldDecoders::decode(tag, node.value, context);
             element.decoded = true;
         }
+        addKernelCandidates(element, tag, context.scheme);
     }
     addRangeCheck(explanation, read.nodes, context.scheme);
     return explanation;

@@ -291,6 +291,7 @@ ExplainedResponse explainResponse(const TraceApdu& response, const CommandApdu* 
     ExplainedResponse explained;
     const Bytes& bytes = response.bytes;
     if (bytes.size() < 2) {
+        explained.hex = options.showSensitive ? hex(bytes) : std::string(2 * bytes.size(), '*');
         explained.error = "The response has " + std::to_string(bytes.size()) +
                           " byte(s): too short for a status word";
         return explained;
@@ -298,6 +299,11 @@ ExplainedResponse explainResponse(const TraceApdu& response, const CommandApdu* 
     const std::uint8_t sw1 = bytes[bytes.size() - 2];
     const std::uint8_t sw2 = bytes[bytes.size() - 1];
     const auto data = std::span<const std::uint8_t>(bytes).first(bytes.size() - 2);
+    explained.hex = hex(bytes);
+    if (!options.showSensitive) {
+        const std::string masked = CardDataPolicy::maskedTlvHex(hex(data), state.scheme);
+        explained.hex.replace(0, masked.size(), masked);
+    }
     ExplainOptions responseOptions = options;
     responseOptions.scheme = state.scheme;
     explained.explanation = Explainer::explain(data, responseOptions);

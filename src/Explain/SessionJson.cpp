@@ -41,6 +41,8 @@ void writeCommand(JsonWriter& json, const ExplainedCommand& command) {
 
 void writeResponse(JsonWriter& json, const ExplainedResponse& response) {
     json.beginObject();
+    json.key("hex");
+    json.string(response.hex);
     if (response.error) {
         json.key("elements");
         json.beginArray();

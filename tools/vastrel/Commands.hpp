@@ -55,6 +55,7 @@ Command addBrandCommand(CLI::App& app);
 Command addEnumCommand(CLI::App& app);
 Command addIccCommand(CLI::App& app);
 Command addReceiptCommand(CLI::App& app);
+Command addMaskCommand(CLI::App& app);
 
 // The help text shared by the subcommands that read hex.
 inline constexpr const char* kHexHelp =

@@ -1,5 +1,6 @@
 // `vastrel explain`: the strict reading of EMV data, every element named and its value
 // decoded, as a tree of plain words or as JSON.
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -129,7 +130,9 @@ CommandOutput runTrace(const std::string& text, const ExplainOptionsCli& options
 }
 
 CommandOutput runExplain(const ExplainOptionsCli& options, const CommandContext& context) {
-    const std::string text = readText(options.hex, context.input);
+    // '*' is a digit that `vastrel mask` hid; it reads as 0, and the output masks it again.
+    std::string text = readText(options.hex, context.input);
+    std::replace(text.begin(), text.end(), '*', '0');
     if (options.trace || ApduTrace::looksLikeTrace(text)) return runTrace(text, options, context);
     // Colons are byte separators in many trace formats.
     const Bytes bytes = hexBytes(text, ":");

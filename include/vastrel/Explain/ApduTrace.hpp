@@ -16,6 +16,7 @@ enum class ApduDirection : std::uint8_t { Command, Response };
 // One APDU of a trace: its line (counted from 1), its direction and its bytes.
 struct TraceApdu {
     std::size_t line = 0;
+    std::size_t hexStart = 0;  // where the hex begins in its line, after any marker
     ApduDirection direction = ApduDirection::Command;
     Bytes bytes;
 };

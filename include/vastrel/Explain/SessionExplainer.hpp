@@ -25,6 +25,7 @@ struct ExplainedCommand {
 // A response of a session: its data explained in the kernel of the selected application,
 // and its status word read for the command it answers.
 struct ExplainedResponse {
+    std::string hex;  // the APDU as hex, card data masked unless shown
     Explanation explanation;
     std::optional<std::string> error;  // too short for a status word
 };
