@@ -13,8 +13,9 @@ using namespace vastrel::capi;
 
 namespace {
 
-vastrel_ber_node cNode(const BerNode& node, std::span<const std::uint8_t> data) {
-    vastrel_ber_node out{};
+// Fills out field by field: a node built on the stack and copied whole stalls on the
+// store of its parts.
+void writeNode(vastrel_ber_node& out, const BerNode& node, std::span<const std::uint8_t> data) {
     out.offset = node.offset;
     out.tag_length = node.tag.size();
     out.value_offset = static_cast<std::size_t>(node.value.data() - data.data());
@@ -24,7 +25,6 @@ vastrel_ber_node cNode(const BerNode& node, std::span<const std::uint8_t> data) 
     out.parent = node.parent;
     out.subtree_end = node.subtreeEnd;
     out.constructed = node.constructed ? 1 : 0;
-    return out;
 }
 
 }  // namespace
@@ -47,20 +47,23 @@ vastrel_status vastrel_ber_read(const uint8_t* data, size_t length, uint32_t max
         require(error_kind, "error_kind");
         require(error_offset, "error_offset");
         // Each thread reads into its own result, which keeps its room from call to call.
-        thread_local BerReadResult result;
+        thread_local BerReadResult room;
+        BerReadResult& result = room;  // the thread's storage looked up once
         BerReader::read(input, result, max_depth == 0 ? BerReader::kDefaultMaxDepth : max_depth);
         *node_count = result.nodes.size();
         *error_kind = result.error ? berErrorKindOf(result.error->kind) : VASTREL_BER_OK;
         *error_offset = result.error ? result.error->offset : 0;
         const std::size_t written = std::min(node_capacity, result.nodes.size());
         // The caller's nodes may be shorter (an older header) or longer (a newer one).
+        const BerNode* read = result.nodes.data();
         if (node_size == sizeof(vastrel_ber_node)) {
             for (std::size_t i = 0; i < written; ++i)
-                nodes[i] = cNode(result.nodes[i], input);
+                writeNode(nodes[i], read[i], input);
         } else {
             auto* out = reinterpret_cast<unsigned char*>(nodes);
             for (std::size_t i = 0; i < written; ++i) {
-                const vastrel_ber_node node = cNode(result.nodes[i], input);
+                vastrel_ber_node node{};
+                writeNode(node, read[i], input);
                 std::memcpy(out + i * node_size, &node, std::min(node_size, sizeof node));
             }
         }

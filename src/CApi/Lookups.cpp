@@ -27,10 +27,7 @@ std::string cvmResults(const char* value, std::size_t length) {
 
 // The tag as a number, from strict hex; tags longer than four bytes name nothing.
 std::uint32_t tagNumber(std::string_view hex) {
-    const Bytes bytes = hexArgument(hex, "tag");
-    BerNode node;
-    node.tag = bytes;
-    return node.tagNumber();
+    return BerNode::tagNumberOf(hexArgument(hex, "tag"));
 }
 
 }  // namespace

@@ -119,14 +119,6 @@ class Reading {
 
 }  // namespace
 
-std::uint32_t BerNode::tagNumber() const noexcept {
-    if (tag.size() > 4) return 0xFFFFFFFF;
-    std::uint32_t number = 0;
-    for (const std::uint8_t byte : tag)
-        number = number << 8 | byte;
-    return number;
-}
-
 std::string_view describe(BerErrorKind kind) noexcept {
     switch (kind) {
         case BerErrorKind::TruncatedTag:

@@ -47,12 +47,6 @@ void maskTrack2(std::span<char> hex) noexcept {
     star(digits.subspan(shownEnd));
 }
 
-std::uint32_t tagNumberOf(std::span<const std::uint8_t> tag) noexcept {
-    BerNode node;
-    node.tag = tag;
-    return node.tagNumber();
-}
-
 }  // namespace
 
 std::span<const CardDataTag> CardDataPolicy::tags() noexcept { return tags::kCardData; }
@@ -106,7 +100,7 @@ std::string CardDataPolicy::maskedValueHex(std::string_view tagHex, PaymentSchem
     Bytes tag;
     if (tagHex.empty() || HexDecoder::decode(tagHex, tag)) return std::string(valueHex.size(), '*');
     std::string masked(valueHex);
-    if (maskValue(tagNumberOf(tag), scheme, masked)) return masked;
+    if (maskValue(BerNode::tagNumberOf(tag), scheme, masked)) return masked;
     if ((tag.front() & kConstructedBit) != 0) return maskedTlvHex(valueHex, scheme);
     return masked;
 }

@@ -211,7 +211,6 @@ namespace {
 // native once the thread has seen data of its size.
 struct DecodeScratch {
     std::vector<vastrel_ber_node> nodes;
-    std::vector<jint> packed;
 };
 
 DecodeScratch& scratch() {
@@ -225,13 +224,17 @@ jintArray packed(JNIEnv* env, DecodeScratch& room, std::size_t count, int kind,
                  std::size_t offset) {
     constexpr std::size_t kHeader = 4;
     constexpr std::size_t kFields = 8;
-    std::vector<jint>& packed = room.packed;
-    packed.resize(kHeader + kFields * count);
+    const auto size = static_cast<jsize>(kHeader + kFields * count);
+    jintArray array = env->NewIntArray(size);
+    if (array == nullptr) throw JavaThrown{};
+    // Written in place: no staging copy.
+    auto* packed = static_cast<jint*>(env->GetPrimitiveArrayCritical(array, nullptr));
+    if (packed == nullptr) throw JavaThrown{};
     packed[0] = static_cast<jint>(count);
     packed[1] = kind;
     packed[2] = static_cast<jint>(offset);
     packed[3] = 0;
-    jint* at = packed.data() + kHeader;
+    jint* at = packed + kHeader;
     for (std::size_t i = 0; i < count; ++i, at += kFields) {
         const vastrel_ber_node& node = room.nodes[i];
         at[0] = static_cast<jint>(node.tag);
@@ -243,9 +246,7 @@ jintArray packed(JNIEnv* env, DecodeScratch& room, std::size_t count, int kind,
         at[6] = static_cast<jint>(node.offset);
         at[7] = static_cast<jint>(node.tag_length);
     }
-    jintArray array = env->NewIntArray(static_cast<jsize>(packed.size()));
-    if (array == nullptr) throw JavaThrown{};
-    env->SetIntArrayRegion(array, 0, static_cast<jsize>(packed.size()), packed.data());
+    env->ReleasePrimitiveArrayCritical(array, packed, 0);
     return array;
 }
 

@@ -26,7 +26,16 @@ struct BerNode {
 
     // The tag as a number, its bytes big-endian (9F26 is 0x9F26); tags longer than four bytes,
     // which no EMV element has, give 0xFFFFFFFF.
-    [[nodiscard]] std::uint32_t tagNumber() const noexcept;
+    [[nodiscard]] std::uint32_t tagNumber() const noexcept { return tagNumberOf(tag); }
+
+    // The number of the tag written in bytes, as tagNumber gives it.
+    [[nodiscard]] static std::uint32_t tagNumberOf(std::span<const std::uint8_t> bytes) noexcept {
+        if (bytes.size() > 4) return 0xFFFFFFFF;
+        std::uint32_t value = 0;
+        for (const std::uint8_t byte : bytes)
+            value = value << 8 | byte;
+        return value;
+    }
 };
 
 enum class BerErrorKind {

@@ -1,5 +1,6 @@
 package dev.vastrel;
 
+import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
 
@@ -8,36 +9,29 @@ import java.util.List;
  * share between threads and to keep.
  */
 public final class Tlv {
+    // Where this element's numbers start in its list's packed read: tag, depth, parent,
+    // constructed, value offset, value length, tag offset, tag length.
     private final TlvList list;
-    private final int tag;
-    private final int depth;
-    private final boolean constructed;
-    private final int valueOffset;
-    private final int valueLength;
-    private final int tagOffset;
-    private final int tagLength;
-    List<Tlv> children = Collections.emptyList();
+    private final int at;
+    ArrayList<Tlv> children; // null for no children; filled while the list is built
 
-    Tlv(TlvList list, int tag, int depth, boolean constructed, int valueOffset, int valueLength,
-            int tagOffset, int tagLength) {
+    Tlv(TlvList list, int at) {
         this.list = list;
-        this.tag = tag;
-        this.depth = depth;
-        this.constructed = constructed;
-        this.valueOffset = valueOffset;
-        this.valueLength = valueLength;
-        this.tagOffset = tagOffset;
-        this.tagLength = tagLength;
+        this.at = at;
+    }
+
+    private int field(int index) {
+        return list.packed()[at + index];
     }
 
     /** The tag's bytes big-endian (0x9F26); -1 for a tag longer than four bytes. */
     public int tagNumber() {
-        return tag;
+        return field(0);
     }
 
     /** The tag as uppercase hex, "9F26"; never null. */
     public String tag() {
-        return Hex.of(list.data(), tagOffset, tagLength);
+        return Hex.of(list.data(), field(6), field(7));
     }
 
     /**
@@ -45,50 +39,43 @@ public final class Tlv {
      * when the dictionary has none.
      */
     public String name() {
-        return Names.of(tag, list.scheme());
+        return Names.of(field(0), list.scheme());
     }
 
     /** The value as uppercase hex (a template's holds its children's bytes); never null. */
     public String value() {
-        return Hex.of(list.data(), valueOffset, valueLength);
+        return Hex.of(list.data(), field(4), field(5));
     }
 
     /** A copy of the value's bytes; never null. */
     public byte[] valueBytes() {
-        byte[] copy = new byte[valueLength];
-        System.arraycopy(list.data(), valueOffset, copy, 0, valueLength);
+        byte[] copy = new byte[field(5)];
+        System.arraycopy(list.data(), field(4), copy, 0, copy.length);
         return copy;
     }
 
     /** The value's length in bytes. */
     public int length() {
-        return valueLength;
+        return field(5);
     }
 
     /** 0 at the top level. */
     public int depth() {
-        return depth;
+        return field(1);
     }
 
     /** True for a template. */
     public boolean isConstructed() {
-        return constructed;
+        return field(3) != 0;
     }
 
-    /** A template's elements, in order; empty (never null) for a primitive element. */
+    /** A template's elements, in order, read-only; empty (never null) for a primitive element. */
     public List<Tlv> children() {
-        return children;
-    }
-
-    /** Makes the children read-only once the list is built. */
-    void seal() {
-        if (!children.isEmpty()) {
-            children = Collections.unmodifiableList(children);
-        }
+        return children == null ? Collections.<Tlv>emptyList() : Collections.unmodifiableList(children);
     }
 
     @Override
     public String toString() {
-        return tag() + " (" + valueLength + ") " + value();
+        return tag() + " (" + length() + ") " + value();
     }
 }

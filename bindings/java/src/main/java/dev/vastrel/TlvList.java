@@ -3,6 +3,7 @@ package dev.vastrel;
 import java.nio.charset.StandardCharsets;
 import java.util.AbstractList;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
 
 /**
@@ -16,38 +17,36 @@ public final class TlvList extends AbstractList<Tlv> {
     private static final int FIELDS = 8;
 
     private final byte[] data;
-    private final ArrayList<Tlv> topLevel;
+    private final int[] packed;
+    private final Tlv[] topLevel;
     private final int fault;
     private final int faultOffset;
     private volatile int scheme = -1;
 
     private TlvList(byte[] data, int[] packed) {
         this.data = data;
+        this.packed = packed;
         this.fault = packed[1];
         this.faultOffset = packed[2];
         int count = packed[0];
         Tlv[] all = new Tlv[count];
-        // Read only through this list, which AbstractList keeps unmodifiable.
-        ArrayList<Tlv> top = new ArrayList<>(count);
+        Tlv[] top = new Tlv[count];
+        int topCount = 0;
         for (int i = 0, at = HEADER; i < count; ++i, at += FIELDS) {
-            Tlv element = new Tlv(this, packed[at], packed[at + 1], packed[at + 3] != 0,
-                    packed[at + 4], packed[at + 5], packed[at + 6], packed[at + 7]);
+            Tlv element = new Tlv(this, at);
             all[i] = element;
             int parent = packed[at + 2];
             if (parent < 0) {
-                top.add(element);
+                top[topCount++] = element;
             } else {
                 adopt(all[parent], element);
             }
         }
-        for (Tlv element : all) {
-            element.seal();
-        }
-        this.topLevel = top;
+        this.topLevel = topCount == count ? top : Arrays.copyOf(top, topCount);
     }
 
     private static void adopt(Tlv parent, Tlv child) {
-        if (parent.children.isEmpty()) {
+        if (parent.children == null) {
             parent.children = new ArrayList<>(4);
         }
         parent.children.add(child);
@@ -91,16 +90,23 @@ public final class TlvList extends AbstractList<Tlv> {
 
     @Override
     public Tlv get(int index) {
-        return topLevel.get(index);
+        if (index < 0 || index >= topLevel.length) {
+            throw new IndexOutOfBoundsException("index " + index + " of " + topLevel.length);
+        }
+        return topLevel[index];
     }
 
     @Override
     public int size() {
-        return topLevel.size();
+        return topLevel.length;
     }
 
     byte[] data() {
         return data;
+    }
+
+    int[] packed() {
+        return packed;
     }
 
     /** The kernel's scheme code, found on the first name asked for. */
