@@ -1,10 +1,14 @@
 // The bit maps of EMV, with the books' wording for every bit.
+#include <iterator>
 #include <span>
 
 #include "DecoderParts.hpp"
 
 namespace vastrel::explain {
 namespace {
+
+// The name of a bit that belongs to a field of several bits, which its own decoder reads.
+constexpr std::string_view kFieldBit = "(field)";
 
 // One finding per set bit, in byte and bit order; RFU bits that are set are reported as such.
 void bitMap(Value value, std::span<const ByteBits> bytes, Findings& out) {
@@ -14,6 +18,7 @@ void bitMap(Value value, std::span<const ByteBits> bytes, Findings& out) {
         for (int bit = 8; bit >= 1; --bit) {
             if ((value[i] & (1u << (bit - 1))) == 0) continue;
             const std::string_view name = bytes[i][8 - bit];
+            if (name == kFieldBit) continue;
             out.push_back(name.empty() ? "byte " + std::to_string(i + 1) + " bit " +
                                              std::to_string(bit) + ": RFU bit set"
                                        : std::string(name));
@@ -39,10 +44,18 @@ constexpr ByteBits kTvr[] = {
      "Script processing failed before final GENERATE AC",
      "Script processing failed after final GENERATE AC",
      "Relay resistance threshold exceeded (contactless kernels)",
-     "Relay resistance time limits exceeded (contactless kernels)",
-     "Relay resistance performed (contactless kernels)",
-     "Relay resistance not performed (contactless kernels)"},
+     "Relay resistance time limits exceeded (contactless kernels)", kFieldBit, kFieldBit},
 };
+
+// TVR byte 5 bits 2 and 1 are one field: whether relay resistance was performed.
+constexpr std::string_view kRelayResistance[] = {
+    "Relay resistance protocol not supported (contactless kernels)",
+    "Relay resistance protocol not performed (contactless kernels)",
+    "Relay resistance protocol performed (contactless kernels)",
+    "Relay resistance performed: RFU value 11",
+};
+constexpr std::size_t kRelayResistanceByte = 4;
+constexpr std::uint8_t kRelayResistanceBits = 0x03;
 
 constexpr ByteBits kTsi[] = {
     {"Offline data authentication was performed", "Cardholder verification was performed",
@@ -114,7 +127,16 @@ constexpr ByteBits kCtq[] = {
 
 }  // namespace
 
-void terminalVerificationResults(Value value, Findings& out) { bitMap(value, kTvr, out); }
+void terminalVerificationResults(Value value, Findings& out) {
+    const std::size_t before = out.size();
+    bitMap(value, kTvr, out);
+    if (value.size() != std::size(kTvr)) return;
+    const std::uint8_t field = value[kRelayResistanceByte] & kRelayResistanceBits;
+    if (field == 0) return;
+    // The field replaces the "no bit set" that the flags alone would give.
+    if (out.size() == before + 1 && out.back() == "no bit set") out.pop_back();
+    out.emplace_back(kRelayResistance[field]);
+}
 void transactionStatusInformation(Value value, Findings& out) { bitMap(value, kTsi, out); }
 void applicationInterchangeProfile(Value value, Findings& out) { bitMap(value, kAip, out); }
 void applicationUsageControl(Value value, Findings& out) { bitMap(value, kAuc, out); }

@@ -1,8 +1,11 @@
 // Fields whose values are codes from a list: the CVM list and results, terminal type,
 // cryptogram information, POS entry mode, transaction type, and the issuer application data.
+#include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "DecoderParts.hpp"
+#include "vastrel/Explain/CommandApdu.hpp"
 
 namespace vastrel::explain {
 namespace {
@@ -245,6 +248,52 @@ void issuerApplicationData(Value value, PaymentScheme scheme, Findings& out) {
         }
         out.push_back(std::move(finding));
     }
+}
+
+void authorisationResponseCode(Value value, Findings& out) {
+    if (!requireLength(value, 2, out)) return;
+    const std::string code(value.begin(), value.end());
+    static constexpr std::pair<std::string_view, std::string_view> kTerminalCodes[] = {
+        {"Y1", "Offline approved"},
+        {"Z1", "Offline declined"},
+        {"Y2", "Approval (after card-initiated referral)"},
+        {"Z2", "Decline (after card-initiated referral)"},
+        {"Y3", "Unable to go online, offline approved"},
+        {"Z3", "Unable to go online, offline declined"},
+    };
+    for (const auto& [known, meaning] : kTerminalCodes) {
+        if (code == known) {
+            out.push_back(std::string(meaning) + " (set by the terminal)");
+            return;
+        }
+    }
+    const bool printable =
+        std::all_of(code.begin(), code.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
+    if (!printable) {
+        out.push_back(hex(value) + " is not two characters");
+    } else if (code == "00") {
+        out.push_back("\"00\": approved by the issuer");
+    } else {
+        out.push_back("\"" + code +
+                      "\": issuer's response code (not approved unless the issuer "
+                      "says \"00\")");
+    }
+}
+
+void issuerScriptCommand(Value value, Findings& out) {
+    const auto apdu = CommandApdu::parse(value);
+    if (!apdu) {
+        out.push_back(
+            "Not a command APDU: shorter than 4 bytes, or its Lc disagrees with its "
+            "length");
+        return;
+    }
+    out.push_back(std::string(apdu->name()) + ": CLA " + hex({&apdu->cla, 1}) + ", INS " +
+                  hex({&apdu->ins, 1}) + ", P1 " + hex({&apdu->p1, 1}) + ", P2 " +
+                  hex({&apdu->p2, 1}) + ", " + std::to_string(apdu->data.size()) +
+                  " bytes of data");
+    for (const auto& parameter : apdu->parameters())
+        out.push_back(parameter);
 }
 
 }  // namespace vastrel::explain

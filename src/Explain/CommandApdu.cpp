@@ -54,7 +54,10 @@ bool isText(std::span<const std::uint8_t> data) {
 std::vector<std::string> selectParameters(const CommandApdu& apdu) {
     std::vector<std::string> words;
     if (apdu.p1 != 0x04) {
-        words.push_back("Select by P1 " + hexByte(apdu.p1) + " (not by name)");
+        std::string word = "Select by P1 ";
+        word += hexByte(apdu.p1);
+        word += " (not by name)";
+        words.push_back(word);
         return words;
     }
     const std::string name(apdu.data.begin(), apdu.data.end());

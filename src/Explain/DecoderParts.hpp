@@ -57,6 +57,8 @@ void cryptogramInformationData(Value value, Findings& out);
 void posEntryMode(Value value, Findings& out);
 void transactionType(Value value, Findings& out);
 void issuerApplicationData(Value value, PaymentScheme scheme, Findings& out);
+void authorisationResponseCode(Value value, Findings& out);
+void issuerScriptCommand(Value value, Findings& out);
 
 // Values in standard formats (ValueFormats.cpp)
 void date(Value value, Findings& out);

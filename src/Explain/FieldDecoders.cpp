@@ -44,6 +44,8 @@ constexpr Entry kUnsorted[] = {
     {0x81, explain::binaryAmount},
     {0x82, plain<explain::applicationInterchangeProfile>},
     {0x84, plain<explain::applicationId>},
+    {0x86, plain<explain::issuerScriptCommand>},
+    {0x8A, plain<explain::authorisationResponseCode>},
     {0x8C, explain::dataObjectList},  // CDOL1
     {0x8D, explain::dataObjectList},  // CDOL2
     {0x8E, plain<explain::cvmList>},

@@ -104,6 +104,16 @@ std::optional<int> smallBcdNumber(Value value, int max) {
     return number <= max ? std::optional<int>(number) : std::nullopt;
 }
 
+namespace {
+
+// EMV years: 00 to 49 are 2000 to 2049, 50 to 99 are 1950 to 1999.
+std::string fullYear(std::string_view twoDigitYear) {
+    const int year = (twoDigitYear[0] - '0') * 10 + (twoDigitYear[1] - '0');
+    return (year >= 50 ? "19" : "20") + std::string(twoDigitYear);
+}
+
+}  // namespace
+
 void date(Value value, Findings& out) {
     if (!requireLength(value, 3, out)) return;
     const std::string digits = bcdDigits(value);
@@ -112,9 +122,7 @@ void date(Value value, Findings& out) {
         out.push_back(hex(value) + " is not a date (YYMMDD)");
         return;
     }
-    // EMV years: 00 to 49 are 2000 to 2049, 50 to 99 are 1950 to 1999.
-    const std::string century = between(twoDigits(digits, 0), 50, 99) ? "19" : "20";
-    out.push_back(century + digits.substr(0, 2) + "-" + digits.substr(2, 2) + "-" +
+    out.push_back(fullYear(digits.substr(0, 2)) + "-" + digits.substr(2, 2) + "-" +
                   digits.substr(4, 2));
 }
 
@@ -225,7 +233,7 @@ void track2(Value value, const DecodeContext& context, Findings& out) {
     }
     out.push_back("Card number " + maskedPan(nibbles.substr(0, separator), context.showSensitive));
     const std::string expiry = nibbles.substr(separator + 1, 4);
-    out.push_back("Expires 20" + expiry.substr(0, 2) + "-" + expiry.substr(2, 2));
+    out.push_back("Expires " + fullYear(expiry.substr(0, 2)) + "-" + expiry.substr(2, 2));
     const std::string code = nibbles.substr(separator + 5, 3);
     out.push_back("Service code " + code);
     serviceCodeDigits(code, out);
