@@ -1,5 +1,13 @@
-# Fails unless every dynamic symbol that LIBRARY defines is a vastrel_ function (or the
-# version node they are exported in), and the interface's functions are among them.
+# Fails unless every dynamic symbol that LIBRARY defines matches ALLOWED (a regular
+# expression; by default the C interface's vastrel_ functions and the version node they are
+# exported in), and at least MINIMUM of them are there.
+#   cmake -DNM=nm -DLIBRARY=lib.so [-DALLOWED=regex] [-DMINIMUM=n] -P CheckExports.cmake
+if(NOT ALLOWED)
+    set(ALLOWED "^(vastrel_.*|VASTREL_[0-9]+)$")
+endif()
+if(NOT MINIMUM)
+    set(MINIMUM 30)
+endif()
 execute_process(COMMAND "${NM}" -D --defined-only "${LIBRARY}" OUTPUT_VARIABLE symbols
                 RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
@@ -12,16 +20,12 @@ foreach(line IN LISTS lines)
         continue()
     endif()
     string(REGEX REPLACE "^.* " "" name "${line}")
-    # The version node of the export map shows as an absolute symbol of its own.
-    if(name MATCHES "^VASTREL_[0-9]+$")
-        continue()
-    endif()
-    if(NOT name MATCHES "^vastrel_")
-        message(FATAL_ERROR "exported symbol outside the C interface: ${name}")
+    if(NOT name MATCHES "${ALLOWED}")
+        message(FATAL_ERROR "${LIBRARY} exports ${name}, which does not match ${ALLOWED}")
     endif()
     math(EXPR exported "${exported} + 1")
 endforeach()
-if(exported LESS 30)
-    message(FATAL_ERROR "only ${exported} vastrel_ symbols exported")
+if(exported LESS MINIMUM)
+    message(FATAL_ERROR "only ${exported} symbols exported, fewer than ${MINIMUM}")
 endif()
-message(STATUS "${exported} symbols exported, all vastrel_")
+message(STATUS "${exported} symbols exported, all matching ${ALLOWED}")
