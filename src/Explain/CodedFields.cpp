@@ -296,4 +296,26 @@ void issuerScriptCommand(Value value, Findings& out) {
         out.push_back(parameter);
 }
 
+void issuerAuthenticationData(Value value, Findings& out) {
+    constexpr std::size_t kMethod1 = 10;  // ARPC (8) and the ARC (2)
+    constexpr std::size_t kMinimum = 8;
+    constexpr std::size_t kMaximum = 16;
+    if (value.size() < kMinimum || value.size() > kMaximum) {
+        out.push_back("Length " + std::to_string(value.size()) + " is not 8 to 16 bytes");
+        return;
+    }
+    if (value.size() == kMethod1) {
+        out.push_back("ARPC method 1: ARPC " + hex(value.first(8)) +
+                      ", authorisation response "
+                      "code " +
+                      hex(value.subspan(8)) +
+                      " (or ARPC method 2 with 2 bytes of proprietary data)");
+        return;
+    }
+    std::string finding = "ARPC method 2: ARPC " + hex(value.first(4)) + ", card status update " +
+                          hex(value.subspan(4, 4));
+    if (value.size() > 8) finding += ", proprietary authentication data " + hex(value.subspan(8));
+    out.push_back(finding);
+}
+
 }  // namespace vastrel::explain

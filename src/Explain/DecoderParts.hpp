@@ -59,6 +59,7 @@ void transactionType(Value value, Findings& out);
 void issuerApplicationData(Value value, PaymentScheme scheme, Findings& out);
 void authorisationResponseCode(Value value, Findings& out);
 void issuerScriptCommand(Value value, Findings& out);
+void issuerAuthenticationData(Value value, Findings& out);
 
 // Values in standard formats (ValueFormats.cpp)
 void date(Value value, Findings& out);

@@ -49,6 +49,7 @@ constexpr Entry kUnsorted[] = {
     {0x8C, explain::dataObjectList},  // CDOL1
     {0x8D, explain::dataObjectList},  // CDOL2
     {0x8E, plain<explain::cvmList>},
+    {0x91, plain<explain::issuerAuthenticationData>},
     {0x94, plain<explain::applicationFileLocator>},
     {0x97, explain::dataObjectList},  // TDOL
     {0x95, plain<explain::terminalVerificationResults>},

@@ -205,6 +205,42 @@ TEST(SessionExplainerTest, MastercardContactlessReadsLaterDataInItsKernel) {
     EXPECT_EQ(session.summary.verification, std::vector<std::string>{});
 }
 
+// One session per scheme, each in a trace shape of its own: the application and its kernel,
+// the card number masked, the cryptogram asked for and returned.
+TEST(SessionExplainerTest, EachSchemeIsNamedAndReadInItsKernel) {
+    struct Case {
+        std::string file;
+        std::string application;
+        std::string cardNumber;
+    };
+    const Case cases[] = {
+        {"amex-contact.txt",
+         "A00000002501, American Express (American Express), label AMERICAN EXPRESS",
+         "374245*****0126"},
+        {"jcb-contactless.txt", "A0000000651010, JCB (JCB), label JCB CREDIT", "352800******0000"},
+        {"unionpay-contact.txt",
+         "A000000333010102, UnionPay (UnionPay Credit), label UnionPay Credit", "625094******8599"},
+        {"discover-contact.txt",
+         "A0000001523010, Discover (Discover D-PAS (also Diners Club)), label DISCOVER",
+         "601100******9424"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.file);
+        const SessionExplanation session = sessionOf(c.file);
+        ASSERT_FALSE(session.error);
+        EXPECT_EQ(session.summary.application, c.application);
+        EXPECT_EQ(session.summary.cardNumber, c.cardNumber);
+        EXPECT_EQ(session.summary.cryptograms,
+                  std::vector<std::string>{"Asked for TC, card returned TC (CID 40)"});
+        // The GENERATE AC data is split by the CDOL1 of the record.
+        EXPECT_EQ(session.exchanges[3].command->dol.size(), 3u);
+    }
+    // 9F71 in American Express data is Amex's Mobile CVM Results, not Mastercard's envelope.
+    const auto& answer = sessionOf("amex-contact.txt").exchanges[3].response->explanation.elements;
+    EXPECT_EQ(answer.back().tag, "9F71");
+    EXPECT_EQ(answer.back().name, "Mobile CVM Results");
+}
+
 TEST(SessionExplainerTest, DamagedTraceKeepsGoing) {
     const SessionExplanation session = sessionOf("damaged.txt");
     ASSERT_FALSE(session.error);
