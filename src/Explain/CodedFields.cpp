@@ -151,6 +151,62 @@ void visaFormat2(Value value, Findings& out) {
     out.push_back("Issuer discretionary data: " + hex(value.subspan(8)));
 }
 
+// The Visa card verification results of formats 0, 1 and 3: a length byte, then three bytes
+// of what the card did and saw, bit by bit.
+void visaCardVerificationResults(Value cvr, Findings& out) {
+    static constexpr std::string_view kSecondAc[] = {
+        "AAC returned in second GENERATE AC", "TC returned in second GENERATE AC",
+        "Second GENERATE AC not requested", "Second GENERATE AC: RFU value"};
+    static constexpr std::string_view kFirstAc[] = {
+        "AAC returned in first GENERATE AC", "TC returned in first GENERATE AC",
+        "ARQC returned in first GENERATE AC", "First GENERATE AC: RFU value"};
+    static constexpr ByteBits kByte2Flags = {"",
+                                             "",
+                                             "",
+                                             "",
+                                             "Issuer authentication performed and failed",
+                                             "Offline PIN verification performed",
+                                             "Offline PIN verification failed",
+                                             "Unable to go online"};
+    static constexpr ByteBits kByte3 = {
+        "Last online transaction not completed",
+        "PIN Try Limit exceeded",
+        "Exceeded velocity checking counters",
+        "New card",
+        "Issuer authentication failure on last online transaction",
+        "Issuer authentication not performed after online authorisation",
+        "Application blocked by card because PIN Try Limit exceeded",
+        "Offline static data authentication failed on last transaction and transaction declined "
+        "offline"};
+    static constexpr ByteBits kByte4Flags = {
+        "",
+        "",
+        "",
+        "",
+        "Issuer script processing failed",
+        "Offline dynamic data authentication failed on last transaction and transaction declined "
+        "offline",
+        "Offline dynamic data authentication performed",
+        "PIN verification command not received for a PIN-expecting card"};
+    if (cvr.size() != 4) return;
+    const auto flags = [&out](std::uint8_t byte, const ByteBits& names) {
+        for (int bit = 8; bit >= 1; --bit) {
+            if ((byte & (1u << (bit - 1))) != 0 && !names[8 - bit].empty()) {
+                out.push_back("CVR: " + std::string(names[8 - bit]));
+            }
+        }
+    };
+    out.push_back("CVR: " + std::string(kSecondAc[cvr[1] >> 6]));
+    out.push_back("CVR: " + std::string(kFirstAc[(cvr[1] >> 4) & 0x03]));
+    flags(cvr[1], kByte2Flags);
+    flags(cvr[2], kByte3);
+    if (const int scripts = cvr[3] >> 4; scripts != 0) {
+        out.push_back("CVR: " + std::to_string(scripts) +
+                      " issuer script commands with secure messaging processed");
+    }
+    flags(cvr[3], kByte4Flags);
+}
+
 void visaFormat013(Value value, Findings& out) {
     out.push_back("Layout: Visa format 0, 1 or 3, cryptogram version number " + byteHex(value[2]) +
                   (value[2] == 0x0A   ? " (CVN 10)"
@@ -159,6 +215,7 @@ void visaFormat013(Value value, Findings& out) {
                                       : ""));
     out.push_back("Derivation key index: " + byteHex(value[1]));
     out.push_back("Card verification results: " + hex(value.subspan(3, 4)));
+    visaCardVerificationResults(value.subspan(3, 4), out);
     if (value.size() > 7) out.push_back("Issuer discretionary data: " + hex(value.subspan(7)));
 }
 
