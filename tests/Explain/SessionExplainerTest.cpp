@@ -236,7 +236,8 @@ TEST(SessionExplainerTest, EachSchemeIsNamedAndReadInItsKernel) {
         EXPECT_EQ(session.exchanges[3].command->dol.size(), 3u);
     }
     // 9F71 in American Express data is Amex's Mobile CVM Results, not Mastercard's envelope.
-    const auto& answer = sessionOf("amex-contact.txt").exchanges[3].response->explanation.elements;
+    const SessionExplanation amex = sessionOf("amex-contact.txt");
+    const auto& answer = amex.exchanges[3].response->explanation.elements;
     EXPECT_EQ(answer.back().tag, "9F71");
     EXPECT_EQ(answer.back().name, "Mobile CVM Results");
 }
