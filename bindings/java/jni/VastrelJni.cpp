@@ -463,8 +463,10 @@ JNIEXPORT void JNICALL VASTREL_JNI(setLogHandler)(JNIEnv* env, jclass, jobject h
     guarded<int>(env, [&] {
         const std::lock_guard lock(logMutex);
         jobject replacement = handler != nullptr ? env->NewGlobalRef(handler) : nullptr;
-        check(env, vastrel_set_log_callback(replacement != nullptr ? deliverLogLine : nullptr,
-                                            replacement));
+        const vastrel_status status = vastrel_set_log_callback(
+            replacement != nullptr ? deliverLogLine : nullptr, replacement);
+        if (status != VASTREL_OK && replacement != nullptr) env->DeleteGlobalRef(replacement);
+        check(env, status);
         // The old handler is not running and never will again: its reference can go.
         if (logHandler != nullptr) env->DeleteGlobalRef(logHandler);
         logHandler = replacement;

@@ -18,7 +18,7 @@ from ._native import lib
 __all__ = [
     "VERSION", "VastrelError", "MalformedDataError", "Tlv", "BerNode", "BerRead", "CardType",
     "CvmResult", "CardInput", "GatewayInput", "Receipt", "version", "hex_to_bytes", "hex_clean",
-    "decode", "read", "explain", "tag_name", "card_type", "cvm_result",
+    "decode", "read", "explain", "explain_session", "tag_name", "card_type", "cvm_result",
     "cardholder_authentication_method", "enum_display_string", "receipt_emv", "receipt_msr",
     "set_log_handler",
 ]
@@ -248,6 +248,16 @@ def explain(data: Data, show_sensitive: bool = False) -> Dict[str, Any]:
     show_sensitive."""
     raw = _bytes_of(data)
     text = _text(lambda out, size, length: lib.vastrel_explain_json(
+        raw, len(raw), 1 if show_sensitive else 0, out, size, length))
+    return json.loads(text)
+
+
+def explain_session(trace: str, show_sensitive: bool = False) -> Dict[str, Any]:
+    """The explanation of a card session given as a trace (one APDU a line) as Python objects:
+    {"exchanges": [...], "summary": {...}, "error": ...}. Card data is masked unless
+    show_sensitive."""
+    raw = _encoded(trace, "trace")
+    text = _text(lambda out, size, length: lib.vastrel_explain_session_json(
         raw, len(raw), 1 if show_sensitive else 0, out, size, length))
     return json.loads(text)
 

@@ -63,6 +63,8 @@ _FUNCTIONS = [
      [ctypes.c_uint32, ctypes.c_int, ctypes.c_char_p, ctypes.c_size_t, c_size_p]),
     ("vastrel_explain_json", ctypes.c_int,
      [ctypes.c_char_p, ctypes.c_size_t, ctypes.c_int, ctypes.c_char_p, ctypes.c_size_t, c_size_p]),
+    ("vastrel_explain_session_json", ctypes.c_int,
+     [ctypes.c_char_p, ctypes.c_size_t, ctypes.c_int, ctypes.c_char_p, ctypes.c_size_t, c_size_p]),
     ("vastrel_cvm_result_from_tlv", ctypes.c_int,
      [ctypes.c_char_p, ctypes.c_size_t, ctypes.POINTER(ctypes.c_int64)]),
     ("vastrel_cardholder_authentication_method_from_tlv", ctypes.c_int,
