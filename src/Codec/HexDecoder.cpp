@@ -14,8 +14,10 @@ std::size_t firstNonDigit(std::string_view hex) noexcept {
     return static_cast<std::size_t>(bad - hex.begin());
 }
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
+// A blank, or one of the caller's separators: characters that pasted hex may hold.
+bool isSkipped(char c, std::string_view separators) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f' ||
+           separators.find(c) != std::string_view::npos;
 }
 
 }  // namespace
@@ -62,18 +64,19 @@ bool HexDecoder::isHexDigit(char c) noexcept {
     return codec::isHexDigit(static_cast<unsigned char>(c));
 }
 
+std::size_t HexDecoder::digitsStart(std::string_view text, std::string_view separators) noexcept {
+    std::size_t start = 0;
+    while (start < text.size() && isSkipped(text[start], separators))
+        ++start;
+    const std::string_view rest = text.substr(start);
+    return start + (rest.starts_with("0x") || rest.starts_with("0X") ? 2 : 0);
+}
+
 HexDecoder::Cleaned HexDecoder::clean(std::string_view text, std::string_view separators) {
-    const auto skipped = [separators](char c) {
-        return isBlank(c) || separators.find(c) != std::string_view::npos;
-    };
     Cleaned cleaned;
     cleaned.digits.reserve(text.size());
-    std::size_t i = 0;
-    while (i < text.size() && skipped(text[i]))
-        ++i;
-    if (i + 1 < text.size() && text[i] == '0' && (text[i + 1] == 'x' || text[i + 1] == 'X')) i += 2;
-    for (; i < text.size(); ++i) {
-        if (skipped(text[i])) continue;
+    for (std::size_t i = digitsStart(text, separators); i < text.size(); ++i) {
+        if (isSkipped(text[i], separators)) continue;
         if (!isHexDigit(text[i])) {
             cleaned.error = HexError{HexErrorKind::NotHexDigit, i};
             return cleaned;

@@ -243,7 +243,11 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
             state.application = application;
         }
         if (const BerNode* label = firstPrimitive(nodes, kLabel); label != nullptr && !directory) {
-            state.label = std::string(label->value.begin(), label->value.end());
+            // Shown as text: anything but printable ASCII as '.'.
+            std::string text(label->value.begin(), label->value.end());
+            std::replace_if(
+                text.begin(), text.end(), [](char c) { return c < 0x20 || c > 0x7E; }, '.');
+            state.label = std::move(text);
         }
     }
     for (const auto& [tag, dol] :

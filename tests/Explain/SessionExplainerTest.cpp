@@ -242,6 +242,22 @@ TEST(SessionExplainerTest, EachSchemeIsNamedAndReadInItsKernel) {
     EXPECT_EQ(answer.back().name, "Mobile CVM Results");
 }
 
+TEST(SessionExplainerTest, PinOfAnotherQualifierIsNamedByIt) {
+    const SessionExplanation session =
+        SessionExplainer::explain(ApduTrace::read(">> 00200001021234\n<< 9000\n"));
+    EXPECT_EQ(session.summary.verification,
+              std::vector<std::string>{"PIN (qualifier 01): verified"});
+    EXPECT_EQ(session.exchanges[0].command->parameters,
+              std::vector<std::string>{"PIN qualifier 01 (data masked)"});
+}
+
+TEST(SessionExplainerTest, LabelIsShownAsPrintableText) {
+    const SessionExplanation session = SessionExplainer::explain(ApduTrace::read(
+        ">> 00A4040007A000000003101000\n<< 6F128407A0000000031010A507500556491B53419000\n"));
+    EXPECT_EQ(session.summary.application,
+              "A0000000031010, Visa (Visa Credit or Debit), label VI.SA");
+}
+
 TEST(SessionExplainerTest, DamagedTraceKeepsGoing) {
     const SessionExplanation session = sessionOf("damaged.txt");
     ASSERT_FALSE(session.error);

@@ -22,6 +22,7 @@ TEST(KeyedArchiverTest, RoundTripsStringsBoolsAndAbsentValues) {
     EXPECT_TRUE(unarchiver.containsValueForKey("label"));
     EXPECT_EQ(unarchiver.decodeObjectForKey("label"), std::nullopt);
     EXPECT_FALSE(unarchiver.containsValueForKey("pix"));
+    EXPECT_FALSE(unarchiver.decodeBoolForKey("pix"));  // a missing flag reads as false
 }
 
 TEST(KeyedArchiverTest, RewritingAKeyKeepsItsFirstPosition) {

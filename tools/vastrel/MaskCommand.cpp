@@ -23,17 +23,12 @@ struct MaskOptions {
     bool trace = false;
 };
 
-bool isSeparator(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == ':'; }
-
 // Writes masked, digit for digit, over the hex digits of text from start on: blanks, colons
 // and one leading 0x stay where they are.
 void overwriteDigits(std::string& text, std::size_t start, std::string_view masked) {
-    std::size_t i = start;
-    while (i < text.size() && isSeparator(text[i]))
-        ++i;
-    if (i + 1 < text.size() && text[i] == '0' && (text[i + 1] == 'x' || text[i + 1] == 'X')) i += 2;
     std::size_t next = 0;
-    for (; i < text.size() && next < masked.size(); ++i) {
+    for (std::size_t i = start + HexDecoder::digitsStart(std::string_view(text).substr(start), ":");
+         i < text.size() && next < masked.size(); ++i) {
         if (HexDecoder::isHexDigit(text[i])) text[i] = masked[next++];
     }
 }

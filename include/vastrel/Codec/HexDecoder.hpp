@@ -57,6 +57,10 @@ class HexDecoder {
         std::optional<HexError> error;
     };
     [[nodiscard]] static Cleaned clean(std::string_view text, std::string_view separators = "");
+
+    // Where the digits of pasted text begin: after blanks and separators and one 0x or 0X.
+    [[nodiscard]] static std::size_t digitsStart(std::string_view text,
+                                                 std::string_view separators = "") noexcept;
 };
 
 }  // namespace vastrel
