@@ -43,6 +43,8 @@ TEST(ApduTraceTest, ReadsTheShapesEngineersPaste) {
         // Lost lines: a command without its response, a response without its command.
         {">> 00A4040002AABB00\n>> 00B2010C00\n<< 9000\n<< 6A82\n", {"C-", "CR", "-R"}},
         {"\n>> 00B2010C00\n\n", {"C-"}},
+        // Marker words inside other words are no markers.
+        {"12:00 [sender] >> 00B2010C00\n12:00 [transmitter] << 9000\n", {"CR"}},
     };
     for (const Case& c : cases) {
         const TraceRead read = ApduTrace::read(c.text);
@@ -104,6 +106,7 @@ TEST(CommandApduTest, NamesCommandsAndTheirParameters) {
         {"00200088021234", "VERIFY", {"Enciphered PIN (PIN block masked)"}},
         {"0084000008", "GET CHALLENGE", {}},
         {"80EE000000", "UNKNOWN COMMAND", {}},
+        {"00000000", "UNKNOWN COMMAND", {}},
     };
     for (const Case& c : cases) {
         const Bytes bytes = testing::bytesOf(c.hex);  // the parse points into it
