@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "Codec/CodecRules.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
+#include "vastrel/Explain/CommandApdu.hpp"
+#include "vastrel/Explain/StatusWord.hpp"
 
 namespace vastrel {
 namespace {
@@ -27,8 +30,6 @@ constexpr std::array<Marker, 10> kMarkers = {{
     {"RX", ApduDirection::Response, true},
 }};
 
-char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
 bool isLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
 }
@@ -36,7 +37,7 @@ bool isLetter(char c) {
 bool matchesAt(std::string_view line, std::size_t at, std::string_view marker) {
     if (line.size() - at < marker.size()) return false;
     for (std::size_t i = 0; i < marker.size(); ++i) {
-        if (upper(line[at + i]) != marker[i]) return false;
+        if (codec::asciiUpper(line[at + i]) != marker[i]) return false;
     }
     return true;
 }
@@ -103,17 +104,9 @@ void add(std::vector<TraceExchange>& exchanges, TraceApdu apdu) {
     exchanges.push_back(std::move(exchange));
 }
 
-// CLA INS P1 P2, then nothing, Le, Lc and data, or Lc, data and Le.
-bool isCommandShape(const Bytes& apdu) {
-    if (apdu.size() == 4 || apdu.size() == 5) return true;
-    return apdu.size() > 5 && (apdu.size() == 5u + apdu[4] || apdu.size() == 6u + apdu[4]);
-}
-
 // Data, if any, then SW1 SW2 with SW1 90 or 61 to 6F.
 bool isResponseShape(const Bytes& apdu) {
-    if (apdu.size() < 2) return false;
-    const std::uint8_t sw1 = apdu[apdu.size() - 2];
-    return sw1 == 0x90 || (sw1 >= 0x61 && sw1 <= 0x6F);
+    return apdu.size() >= 2 && StatusWord::isStatusWord(apdu[apdu.size() - 2], apdu.back());
 }
 
 }  // namespace
@@ -172,7 +165,8 @@ bool ApduTrace::looksLikeTrace(std::string_view text) {
         Bytes bytes;
         const HexDecoder::Cleaned cleaned = HexDecoder::clean(line, ":");
         if (cleaned.error || HexDecoder::decode(cleaned.digits, bytes)) return false;
-        shaped = shaped && (hexLines % 2 == 0 ? isCommandShape(bytes) : isResponseShape(bytes));
+        shaped = shaped && (hexLines % 2 == 0 ? CommandApdu::parse(bytes).has_value()
+                                              : isResponseShape(bytes));
         ++hexLines;
     }
     return hexLines > 1 && shaped;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Codec/CodecRules.hpp"
+#include "DecoderParts.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel {
@@ -83,10 +84,8 @@ AidInfo ApplicationIdentifier::identify(std::span<const std::uint8_t> aid) noexc
 
 PaymentScheme ApplicationIdentifier::schemeOf(std::span<const BerNode> nodes) noexcept {
     for (const auto tag : kAidTags) {
-        const auto aid = std::find_if(nodes.begin(), nodes.end(), [tag](const BerNode& node) {
-            return !node.constructed && node.tagNumber() == tag;
-        });
-        if (aid == nodes.end()) continue;
+        const BerNode* aid = explain::firstPrimitive(nodes, tag);
+        if (aid == nullptr) continue;
         const PaymentScheme scheme = identify(aid->value).scheme;
         if (scheme != PaymentScheme::Any) return scheme;
     }

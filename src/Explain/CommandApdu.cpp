@@ -4,9 +4,7 @@
 #include <array>
 
 #include "DecoderParts.hpp"
-#include "vastrel/Explain/ApplicationIdentifier.hpp"
 #include "vastrel/Explain/EmvDictionary.hpp"
-#include "vastrel/Tags/PaymentScheme.hpp"
 
 namespace vastrel {
 namespace {
@@ -68,11 +66,7 @@ std::vector<std::string> selectParameters(const CommandApdu& apdu) {
     } else if (isText(apdu.data)) {
         words.push_back("File " + name);
     } else {
-        const AidInfo aid = ApplicationIdentifier::identify(apdu.data);
-        std::string word = "Application " + explain::hex(apdu.data);
-        if (aid.scheme != PaymentScheme::Any) word += ", " + std::string(schemeName(aid.scheme));
-        if (!aid.product.empty()) word += " (" + std::string(aid.product) + ")";
-        words.push_back(word);
+        words.push_back("Application " + explain::describeAid(apdu.data));
     }
     words.push_back(apdu.p2 == 0x02 ? "Next occurrence" : "First or only occurrence");
     return words;

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "Codec/HexEncode.hpp"
+#include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Explain/FieldDecoders.hpp"
 
 namespace vastrel::explain {
@@ -74,6 +75,20 @@ void applicationId(Value value, Findings& out);
 void cardNumber(Value value, const DecodeContext& context, Findings& out);
 void track2(Value value, const DecodeContext& context, Findings& out);
 void serviceCode(Value value, Findings& out);
+
+// What the elements of a strict read hold (ReadData.cpp)
+
+// The first primitive element tagged tag; nullptr when there is none.
+const BerNode* firstPrimitive(std::span<const BerNode> nodes, std::uint32_t tag);
+
+// The element that carries the card number: 5A, else track 2 (57); nullptr when neither.
+const BerNode* cardNumberHolder(std::span<const BerNode> nodes);
+
+// The card number's digits in holder: up to 5A's F padding or track 2's separator D.
+std::string cardNumberDigits(const BerNode& holder);
+
+// An AID in words: "A0000000031010, Visa (Visa Credit or Debit)".
+std::string describeAid(Value aid);
 
 // Lists of other fields (ListFields.cpp)
 void dataObjectList(Value value, const DecodeContext& context, Findings& out);

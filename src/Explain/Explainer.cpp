@@ -14,20 +14,11 @@
 namespace vastrel {
 namespace {
 
-constexpr std::uint32_t kPanTag = 0x5A;
-constexpr std::uint32_t kTrack2Tag = 0x57;
 constexpr std::uint32_t kCurrencyTag = 0x5F2A;
 constexpr std::uint32_t kCurrencyExponentTag = 0x5F36;
 
 std::size_t offsetIn(std::span<const std::uint8_t> data, std::span<const std::uint8_t> part) {
     return static_cast<std::size_t>(part.data() - data.data());
-}
-
-const BerNode* firstWithTag(const std::vector<BerNode>& nodes, std::uint32_t tag) {
-    const auto found = std::find_if(nodes.begin(), nodes.end(), [tag](const BerNode& node) {
-        return !node.constructed && node.tagNumber() == tag;
-    });
-    return found == nodes.end() ? nullptr : &*found;
 }
 
 // What the decoders need from the rest of the data: the AID's scheme (else the one given)
@@ -37,12 +28,12 @@ DecodeContext contextOf(const std::vector<BerNode>& nodes, const ExplainOptions&
     context.showSensitive = options.showSensitive;
     context.scheme = ApplicationIdentifier::schemeOf(nodes);
     if (context.scheme == PaymentScheme::Any) context.scheme = options.scheme;
-    if (const BerNode* currency = firstWithTag(nodes, kCurrencyTag)) {
+    if (const BerNode* currency = explain::firstPrimitive(nodes, kCurrencyTag)) {
         if (const auto code = explain::smallBcdNumber(currency->value, 999)) {
             context.currency = static_cast<std::uint16_t>(*code);
         }
     }
-    if (const BerNode* exponent = firstWithTag(nodes, kCurrencyExponentTag)) {
+    if (const BerNode* exponent = explain::firstPrimitive(nodes, kCurrencyExponentTag)) {
         context.currencyExponent = explain::smallBcdNumber(exponent->value, 9);
     }
     return context;
@@ -80,12 +71,9 @@ std::string rangeCheck(std::string_view pan, PaymentScheme aidScheme) {
 void addRangeCheck(Explanation& explanation, const std::vector<BerNode>& nodes,
                    PaymentScheme scheme) {
     if (scheme == PaymentScheme::Any) return;
-    const BerNode* holder = firstWithTag(nodes, kPanTag);
-    if (holder == nullptr) holder = firstWithTag(nodes, kTrack2Tag);
+    const BerNode* holder = explain::cardNumberHolder(nodes);
     if (holder == nullptr) return;
-    std::string pan = codec::hexUpper(holder->value);
-    pan.erase(std::find(pan.begin(), pan.end(), holder->tagNumber() == kPanTag ? 'F' : 'D'),
-              pan.end());
+    const std::string pan = explain::cardNumberDigits(*holder);
     if (pan.empty()) return;
     explanation.elements[static_cast<std::size_t>(holder - nodes.data())].meaning.push_back(
         rangeCheck(pan, scheme));

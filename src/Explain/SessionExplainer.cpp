@@ -15,6 +15,7 @@
 namespace vastrel {
 namespace {
 
+using explain::firstPrimitive;
 using explain::hex;
 using explain::tagHex;
 
@@ -26,7 +27,6 @@ constexpr std::uint32_t kCommandTemplate = 0x83;
 constexpr std::uint32_t kDfName = 0x84;
 constexpr std::uint32_t kLabel = 0x50;
 constexpr std::uint32_t kPan = 0x5A;
-constexpr std::uint32_t kTrack2 = 0x57;
 constexpr std::uint32_t kCid = 0x9F27;
 constexpr std::uint32_t kTvr = 0x95;
 constexpr std::uint32_t kCurrency = 0x5F2A;
@@ -209,13 +209,6 @@ std::string statusMeaning(std::uint8_t sw1, std::uint8_t sw2, const CommandApdu*
     return StatusWord::meaning(sw1, sw2);
 }
 
-const BerNode* firstPrimitive(const std::vector<BerNode>& nodes, std::uint32_t tag) {
-    const auto found = std::find_if(nodes.begin(), nodes.end(), [tag](const BerNode& node) {
-        return !node.constructed && node.tagNumber() == tag;
-    });
-    return found == nodes.end() ? nullptr : &*found;
-}
-
 std::optional<std::vector<DolEntry>> dolIn(const std::vector<BerNode>& nodes, std::uint32_t tag) {
     const BerNode* node = firstPrimitive(nodes, tag);
     if (node == nullptr) return std::nullopt;
@@ -234,13 +227,8 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
         const BerNode* dfName = firstPrimitive(nodes, kDfName);
         const auto aid = dfName != nullptr ? dfName->value : apdu->data;
         if (!directory && !aid.empty()) {
-            const AidInfo info = ApplicationIdentifier::identify(aid);
-            state.scheme = info.scheme;
-            std::string application = hex(aid);
-            if (info.scheme != PaymentScheme::Any)
-                application += ", " + std::string(schemeName(info.scheme));
-            if (!info.product.empty()) application += " (" + std::string(info.product) + ")";
-            state.application = application;
+            state.scheme = ApplicationIdentifier::identify(aid).scheme;
+            state.application = explain::describeAid(aid);
         }
         if (const BerNode* label = firstPrimitive(nodes, kLabel); label != nullptr && !directory) {
             // Shown as text: anything but printable ASCII as '.'.
@@ -260,12 +248,8 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
             state.currency = static_cast<std::uint16_t>(*code);
         }
     }
-    for (const std::uint32_t tag : {kPan, kTrack2}) {
-        const BerNode* holder = firstPrimitive(nodes, tag);
-        if (holder == nullptr || summary.cardNumber) continue;
-        std::string digits = hex(holder->value);
-        digits.erase(std::find(digits.begin(), digits.end(), tag == kPan ? 'F' : 'D'),
-                     digits.end());
+    if (const BerNode* holder = explain::cardNumberHolder(nodes); holder && !summary.cardNumber) {
+        std::string digits = explain::cardNumberDigits(*holder);
         if (!options.showSensitive) CardDataPolicy::maskValue(kPan, PaymentScheme::Any, digits);
         summary.cardNumber = digits;
     }
