@@ -1,4 +1,5 @@
-// The bit maps of EMV, with the books' wording for every bit.
+// The bit maps of EMV 4.4 and the contactless kernels, with the books' wording for every bit,
+// the XDA (elliptic curve) and biometric bits among them.
 #include <iterator>
 #include <span>
 
@@ -29,13 +30,15 @@ void bitMap(Value value, std::span<const ByteBits> bytes, Findings& out) {
 
 constexpr ByteBits kTvr[] = {
     {"Offline data authentication was not performed", "SDA failed", "ICC data missing",
-     "Card appears on terminal exception file", "DDA failed", "CDA failed", "SDA selected", ""},
+     "Card appears on terminal exception file", "DDA failed", "CDA failed", "SDA selected",
+     "XDA selected"},
     {"ICC and terminal have different application versions", "Expired application",
      "Application not yet effective", "Requested service not allowed for card product", "New card",
-     "", "", ""},
+     "", "Biometric performed and successful", "Biometric template format not supported"},
     {"Cardholder verification was not successful", "Unrecognised CVM", "PIN Try Limit exceeded",
      "PIN entry required and PIN pad not present or not working",
-     "PIN entry required, PIN pad present, but PIN was not entered", "Online PIN entered", "", ""},
+     "PIN entry required, PIN pad present, but PIN was not entered", "Online PIN entered",
+     "Online biometric captured", "Biometric subtype entry limit exceeded"},
     {"Transaction exceeds floor limit", "Lower consecutive offline limit exceeded",
      "Upper consecutive offline limit exceeded",
      "Transaction selected randomly for online processing", "Merchant forced transaction online",
@@ -65,7 +68,7 @@ constexpr ByteBits kTsi[] = {
 };
 
 constexpr ByteBits kAip[] = {
-    {"", "SDA supported", "DDA supported", "Cardholder verification is supported",
+    {"XDA supported", "SDA supported", "DDA supported", "Cardholder verification is supported",
      "Terminal risk management is to be performed", "Issuer authentication is supported",
      "On device cardholder verification is supported (contactless kernels)", "CDA supported"},
     {"EMV mode is supported (contactless kernels)", "", "", "", "", "", "",
@@ -84,8 +87,9 @@ constexpr ByteBits kTerminalCapabilities[] = {
      "Card data input: IC with contacts", "", "", "", "", ""},
     {"CVM: plaintext PIN for ICC verification", "CVM: enciphered PIN for online verification",
      "CVM: signature (paper)", "CVM: enciphered PIN for offline verification",
-     "CVM: no CVM required", "", "", ""},
-    {"Security: SDA", "Security: DDA", "Security: card capture", "", "Security: CDA", "", "", ""},
+     "CVM: no CVM required", "CVM: online biometric", "CVM: offline biometric", ""},
+    {"Security: SDA", "Security: DDA", "Security: card capture", "", "Security: CDA",
+     "Security: XDA", "", ""},
 };
 
 constexpr ByteBits kAdditionalTerminalCapabilities[] = {
@@ -120,7 +124,7 @@ constexpr ByteBits kCtq[] = {
      "Go Online if Offline Data Authentication Fails and Reader is online capable",
      "Switch Interface if Offline Data Authentication fails and Reader supports contact chip",
      "Go Online if Application Expired", "Switch Interface for Cash Transactions",
-     "Switch Interface for Cashback Transactions", ""},
+     "Switch Interface for Cashback Transactions", "Valid for Contactless ATM Transactions"},
     {"Consumer Device CVM Performed", "Card supports Issuer Update Processing at the POS", "", "",
      "", "", "", ""},
 };

@@ -33,6 +33,16 @@ constexpr Code kCvmMethods[] = {
     {0x03, "Plaintext PIN verification performed by ICC and signature (paper)"},
     {0x04, "Enciphered PIN verification performed by ICC"},
     {0x05, "Enciphered PIN verification performed by ICC and signature (paper)"},
+    {0x06, "Facial biometric verified offline (by ICC)"},
+    {0x07, "Facial biometric verified online"},
+    {0x08, "Finger biometric verified offline (by ICC)"},
+    {0x09, "Finger biometric verified online"},
+    {0x0A, "Palm biometric verified offline (by ICC)"},
+    {0x0B, "Palm biometric verified online"},
+    {0x0C, "Iris biometric verified offline (by ICC)"},
+    {0x0D, "Iris biometric verified online"},
+    {0x0E, "Voice biometric verified offline (by ICC)"},
+    {0x0F, "Voice biometric verified online"},
     {0x1E, "Signature (paper)"},
     {0x1F, "No CVM required"},
     {0x3F, "No CVM performed"},
@@ -151,15 +161,39 @@ void visaFormat2(Value value, Findings& out) {
     out.push_back("Issuer discretionary data: " + hex(value.subspan(8)));
 }
 
-// The Visa card verification results of formats 0, 1 and 3: a length byte, then three bytes
-// of what the card did and saw, bit by bit.
-void visaCardVerificationResults(Value cvr, Findings& out) {
+// The card verification results of Visa and M/Chip share their first fields: the cryptograms
+// of the two GENERATE ACs in the top four bits of one byte, and the count of script commands
+// in the top four bits of another.
+void cvrAcTypes(std::uint8_t byte, Findings& out) {
     static constexpr std::string_view kSecondAc[] = {
         "AAC returned in second GENERATE AC", "TC returned in second GENERATE AC",
         "Second GENERATE AC not requested", "Second GENERATE AC: RFU value"};
     static constexpr std::string_view kFirstAc[] = {
         "AAC returned in first GENERATE AC", "TC returned in first GENERATE AC",
         "ARQC returned in first GENERATE AC", "First GENERATE AC: RFU value"};
+    out.push_back("CVR: " + std::string(kSecondAc[byte >> 6]));
+    out.push_back("CVR: " + std::string(kFirstAc[(byte >> 4) & 0x03]));
+}
+
+void cvrScriptCount(std::uint8_t byte, Findings& out) {
+    if (const int scripts = byte >> 4; scripts != 0) {
+        out.push_back("CVR: " + std::to_string(scripts) +
+                      " issuer script commands with secure messaging processed");
+    }
+}
+
+// The named bits of one CVR byte that are set; unnamed bits belong to fields read elsewhere.
+void cvrFlags(std::uint8_t byte, const ByteBits& names, Findings& out) {
+    for (int bit = 8; bit >= 1; --bit) {
+        if ((byte & (1u << (bit - 1))) != 0 && !names[8 - bit].empty()) {
+            out.push_back("CVR: " + std::string(names[8 - bit]));
+        }
+    }
+}
+
+// The Visa card verification results of formats 0, 1 and 3: a length byte, then three bytes
+// of what the card did and saw, bit by bit.
+void visaCardVerificationResults(Value cvr, Findings& out) {
     static constexpr ByteBits kByte2Flags = {"",
                                              "",
                                              "",
@@ -189,22 +223,11 @@ void visaCardVerificationResults(Value cvr, Findings& out) {
         "Offline dynamic data authentication performed",
         "PIN verification command not received for a PIN-expecting card"};
     if (cvr.size() != 4) return;
-    const auto flags = [&out](std::uint8_t byte, const ByteBits& names) {
-        for (int bit = 8; bit >= 1; --bit) {
-            if ((byte & (1u << (bit - 1))) != 0 && !names[8 - bit].empty()) {
-                out.push_back("CVR: " + std::string(names[8 - bit]));
-            }
-        }
-    };
-    out.push_back("CVR: " + std::string(kSecondAc[cvr[1] >> 6]));
-    out.push_back("CVR: " + std::string(kFirstAc[(cvr[1] >> 4) & 0x03]));
-    flags(cvr[1], kByte2Flags);
-    flags(cvr[2], kByte3);
-    if (const int scripts = cvr[3] >> 4; scripts != 0) {
-        out.push_back("CVR: " + std::to_string(scripts) +
-                      " issuer script commands with secure messaging processed");
-    }
-    flags(cvr[3], kByte4Flags);
+    cvrAcTypes(cvr[1], out);
+    cvrFlags(cvr[1], kByte2Flags, out);
+    cvrFlags(cvr[2], kByte3, out);
+    cvrScriptCount(cvr[3], out);
+    cvrFlags(cvr[3], kByte4Flags, out);
 }
 
 void visaFormat013(Value value, Findings& out) {
@@ -219,10 +242,71 @@ void visaFormat013(Value value, Findings& out) {
     if (value.size() > 7) out.push_back("Issuer discretionary data: " + hex(value.subspan(7)));
 }
 
+// The M/Chip card verification results: six bytes of what the card did and saw.
+void mchipCardVerificationResults(Value cvr, Findings& out) {
+    static constexpr ByteBits kByte1Flags = {"",
+                                             "",
+                                             "",
+                                             "",
+                                             "",
+                                             "Offline PIN verification performed",
+                                             "Offline encrypted PIN verification performed",
+                                             "Offline PIN verification successful"};
+    static constexpr ByteBits kByte2 = {"DDA returned",
+                                        "Combined DDA/AC generation returned in first GENERATE AC",
+                                        "Combined DDA/AC generation returned in second GENERATE AC",
+                                        "Issuer authentication performed",
+                                        "CIAC-Default skipped on CAT3",
+                                        "Offline change PIN result",
+                                        "",
+                                        ""};
+    static constexpr ByteBits kByte3 = {"Lower consecutive offline limit exceeded",
+                                        "Upper consecutive offline limit exceeded",
+                                        "Lower cumulative offline limit exceeded",
+                                        "Upper cumulative offline limit exceeded",
+                                        "Go online on next transaction was set",
+                                        "Issuer authentication failed",
+                                        "Script received",
+                                        "Script failed"};
+    static constexpr ByteBits kByte4Flags = {"",
+                                             "",
+                                             "",
+                                             "",
+                                             "Match found in additional check table",
+                                             "No match found in additional check table",
+                                             "",
+                                             ""};
+    static constexpr ByteBits kByte5 = {"Last online transaction not completed",
+                                        "PIN Try Limit exceeded",
+                                        "Offline PIN verification not performed",
+                                        "Offline PIN verification failed",
+                                        "Unable to go online",
+                                        "Terminal erroneously considers offline PIN OK",
+                                        "",
+                                        ""};
+    cvrAcTypes(cvr[0], out);
+    cvrFlags(cvr[0], kByte1Flags, out);
+    cvrFlags(cvr[1], kByte2, out);
+    cvrFlags(cvr[2], kByte3, out);
+    cvrScriptCount(cvr[3], out);
+    cvrFlags(cvr[3], kByte4Flags, out);
+    cvrFlags(cvr[4], kByte5, out);
+    for (std::size_t i = 0; i < cvr.size(); ++i) {
+        // Bits that versions of M/Chip assign differently, or leave to the issuer: shown, not
+        // named.
+        static constexpr std::uint8_t kNotRead[] = {0x08, 0x03, 0x00, 0x03, 0x03, 0xFF};
+        if ((cvr[i] & kNotRead[i]) != 0) {
+            out.push_back("CVR: byte " + std::to_string(i + 1) + " bits not read here: " +
+                          byteHex(static_cast<std::uint8_t>(cvr[i] & kNotRead[i])));
+        }
+    }
+}
+
 void mastercardMChip(Value value, Findings& out) {
     out.push_back("Layout: Mastercard M/Chip, cryptogram version number " + byteHex(value[1]));
     out.push_back("Derivation key index: " + byteHex(value[0]));
     out.push_back("Card verification results: " + hex(value.subspan(2, 6)));
+    mchipCardVerificationResults(value.subspan(2, 6), out);
     out.push_back("DAC or ICC dynamic number: " + hex(value.subspan(8, 2)));
     out.push_back("Counters and issuer data: " + hex(value.subspan(10)));
 }

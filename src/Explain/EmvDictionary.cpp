@@ -156,6 +156,13 @@ constexpr TagInfo kUnsorted[] = {
     {0x9F40, "Additional Terminal Capabilities", b, term, "", 5, 5},
     {0x9F41, "Transaction Sequence Counter", n, term, "", 2, 4},
     {0x9F4E, "Merchant Name and Location", ans, term, "", 0, any},
+    // Biometric cardholder verification (EMV 4.4)
+    {0x8B, "Enciphered Biometric Data", b, term, "", 0, any},
+    {0x96, "Biometric Type", b, term, "", 1, 1},
+    {0x9F3E, "Terminal Biometric Capabilities", b, term, "", 0, any},
+    {0x9F3F, "Biometric Solution ID", b, term, "", 0, any},
+    {0xBF4C, "Biometric Try Counters Template", b, card, "", 0, any},
+    {0xBF4D, "Preferred Attempts Template", b, card, "", 0, any},
     // Contactless: shared by the kernels, or given one meaning by most of them
     {0x9F5A, "Application Program Identifier (Program ID)", b, card, "BF0C", 1, 16},
     {0x9F66, "Terminal Transaction Qualifiers (TTQ)", b, term, "", 4, 4},
@@ -275,6 +282,7 @@ constexpr TagInfo kUnsorted[] = {
     // Kernel 3 and the Visa specifications
     {0x9F5B, "Issuer Script Results", b, term, "", 0, any, visa},
     {0x9F5D, "Available Offline Spending Amount (AOSA)", n, card, "77", 6, 6, visa},
+    {0x9F67, "MSD Offset", b, card, "", 1, 1, visa},
     {0x9F68, "Card Additional Processes", b, card, "", 4, 4, visa},
     {0x9F6B, "Card CVM Limit", n, card, "", 6, 6, visa},
     {0x9F6D, "VLP Reset Threshold", n, card, "", 6, 6, visa},
@@ -292,6 +300,7 @@ constexpr TagInfo kUnsorted[] = {
     {0x9F53, "Terminal Interchange Profile (static)", b, term, "", 3, 3, jcb},
     // Kernel 7 and the UnionPay electronic cash application
     {0x9F51, "Application Currency Code", n, card, "", 2, 2, upi},
+    {0x9F63, "Card Product Identification Information", b, card, "", 16, 16, upi},
     {0x9F6D, "Electronic Cash Reset Threshold", n, card, "", 6, 6, upi},
     {0x9F74, "Electronic Cash Issuer Authorization Code", an, card, "", 6, 6, upi},
     {0x9F77, "Electronic Cash Balance Limit", n, card, "", 6, 6, upi},

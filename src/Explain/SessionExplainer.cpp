@@ -30,9 +30,13 @@ constexpr std::uint32_t kPan = 0x5A;
 constexpr std::uint32_t kCid = 0x9F27;
 constexpr std::uint32_t kTvr = 0x95;
 constexpr std::uint32_t kCurrency = 0x5F2A;
+constexpr std::uint32_t kKernelIdentifier = 0x9F2A;
+constexpr std::uint32_t kTerminalTransactionQualifiers = 0x9F66;
 constexpr std::uint8_t kCidTypeMask = 0xC0;
 
 constexpr std::string_view kCryptogramNames[] = {"AAC", "TC", "ARQC", "RFU"};
+
+enum class CardInterface : std::uint8_t { NotShown, Contact, Contactless };
 
 // What the session has shown so far, which later exchanges are read with.
 struct SessionState {
@@ -46,6 +50,8 @@ struct SessionState {
     std::optional<std::uint16_t> currency;
     std::size_t generateAcCount = 0;
     bool sawProcessingOptions = false;
+    CardInterface cardInterface = CardInterface::NotShown;
+    std::optional<std::uint8_t> kernelId;  // 9F2A in the FCI
     // The command whose answer a 61xx left for GET RESPONSE to fetch.
     std::optional<CommandApdu> awaitingResponse;
 };
@@ -224,6 +230,8 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
     if (apdu != nullptr && apdu->command == EmvCommand::Select && ok) {
         const std::string name(apdu->data.begin(), apdu->data.end());
         const bool directory = name == "1PAY.SYS.DDF01" || name == "2PAY.SYS.DDF01";
+        if (name == "1PAY.SYS.DDF01") state.cardInterface = CardInterface::Contact;
+        if (name == "2PAY.SYS.DDF01") state.cardInterface = CardInterface::Contactless;
         const BerNode* dfName = firstPrimitive(nodes, kDfName);
         const auto aid = dfName != nullptr ? dfName->value : apdu->data;
         if (!directory && !aid.empty()) {
@@ -238,10 +246,22 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
             state.label = std::move(text);
         }
     }
+    if (const BerNode* kernel = firstPrimitive(nodes, kKernelIdentifier);
+        kernel != nullptr && !kernel->value.empty() && !state.kernelId) {
+        // The short kernel ID is the first byte's low six bits; the top two say whose it is.
+        state.kernelId = kernel->value[0] & 0x3F;
+        state.cardInterface = CardInterface::Contactless;
+    }
     for (const auto& [tag, dol] :
          {std::pair{kPdol, &state.pdol}, std::pair{kCdol1, &state.cdol1},
           std::pair{kCdol2, &state.cdol2}, std::pair{kDdol, &state.ddol}}) {
         if (auto found = dolIn(nodes, tag)) *dol = std::move(found);
+    }
+    const auto asksForTtq = [](const DolEntry& entry) {
+        return entry.tag == kTerminalTransactionQualifiers;
+    };
+    if (state.pdol && std::any_of(state.pdol->begin(), state.pdol->end(), asksForTtq)) {
+        state.cardInterface = CardInterface::Contactless;
     }
     if (const BerNode* currency = firstPrimitive(nodes, kCurrency)) {
         if (const auto code = explain::smallBcdNumber(currency->value, 999)) {
@@ -331,10 +351,51 @@ void notePairing(std::vector<ExplainedExchange>& exchanges, const std::optional<
     }
 }
 
+// The contactless kernel that reads a scheme's cards; 0 when the scheme has none of its own.
+int contactlessKernel(PaymentScheme scheme) {
+    switch (scheme) {
+        case PaymentScheme::Mastercard:
+        case PaymentScheme::Maestro:
+            return 2;
+        case PaymentScheme::Visa:
+            return 3;
+        case PaymentScheme::Amex:
+            return 4;
+        case PaymentScheme::Jcb:
+            return 5;
+        case PaymentScheme::Discover:
+        case PaymentScheme::Diners:
+            return 6;
+        case PaymentScheme::UnionPay:
+            return 7;
+        default:
+            return 0;
+    }
+}
+
+// Which kernel read the card: the contact kernel of EMV, or a contactless one chosen by the
+// card's kernel identifier (9F2A), else by the scheme of its AID. The interface shows in the
+// selection of PSE or PPSE, a kernel identifier, or a PDOL asking for the TTQ.
+std::string kernelOf(const SessionState& state) {
+    const std::string scheme(schemeName(state.scheme));
+    const std::string contact = "EMV contact (" + scheme + " application)";
+    if (state.cardInterface == CardInterface::Contact) return contact;
+    const int kernel = state.kernelId ? *state.kernelId : contactlessKernel(state.scheme);
+    std::string contactless =
+        kernel == 0 ? "contactless, kernel not known for " + scheme
+                    : "contactless kernel " + std::to_string(kernel) + " (" + scheme + ")";
+    if (state.cardInterface == CardInterface::NotShown) {
+        return contact + " or " + contactless + ": the trace shows neither PSE nor PPSE";
+    }
+    if (kernel != 0) contactless += state.kernelId ? ", from 9F2A" : ", from the AID";
+    return contactless;
+}
+
 void summarise(const SessionState& state, SessionSummary& summary) {
     if (state.application) {
         summary.application = *state.application;
         if (state.label) *summary.application += ", label " + *state.label;
+        summary.kernel = kernelOf(state);
     } else {
         summary.notShown.push_back("which application was selected (no SELECT of an AID)");
     }

@@ -63,6 +63,7 @@ void writeResponse(JsonWriter& json, const ExplainedResponse& response) {
 void writeSummary(JsonWriter& json, const SessionSummary& summary) {
     json.beginObject();
     stringsOrNull(json, "application", summary.application);
+    stringsOrNull(json, "kernel", summary.kernel);
     stringsOrNull(json, "card_number", summary.cardNumber);
     strings(json, "records_read", summary.recordsRead);
     strings(json, "verification", summary.verification);

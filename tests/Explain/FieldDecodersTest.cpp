@@ -40,20 +40,20 @@ TEST(FieldDecodersTest, EveryVectorDecodesAsWritten) {
     }
 }
 
-// Terminal verification results, EMV Book 3 Annex C5, one bit at a time.
+// Terminal verification results as EMV 4.4 assigns them, one bit at a time.
 TEST(FieldDecodersTest, EachTvrBitByPosition) {
     const char* const kBits[5][8] = {
         {"Offline data authentication was not performed", "SDA failed", "ICC data missing",
          "Card appears on terminal exception file", "DDA failed", "CDA failed", "SDA selected",
-         "byte 1 bit 1: RFU bit set"},
+         "XDA selected"},
         {"ICC and terminal have different application versions", "Expired application",
          "Application not yet effective", "Requested service not allowed for card product",
-         "New card", "byte 2 bit 3: RFU bit set", "byte 2 bit 2: RFU bit set",
-         "byte 2 bit 1: RFU bit set"},
+         "New card", "byte 2 bit 3: RFU bit set", "Biometric performed and successful",
+         "Biometric template format not supported"},
         {"Cardholder verification was not successful", "Unrecognised CVM", "PIN Try Limit exceeded",
          "PIN entry required and PIN pad not present or not working",
          "PIN entry required, PIN pad present, but PIN was not entered", "Online PIN entered",
-         "byte 3 bit 2: RFU bit set", "byte 3 bit 1: RFU bit set"},
+         "Online biometric captured", "Biometric subtype entry limit exceeded"},
         {"Transaction exceeds floor limit", "Lower consecutive offline limit exceeded",
          "Upper consecutive offline limit exceeded",
          "Transaction selected randomly for online processing",

@@ -203,6 +203,7 @@ TEST(SessionExplainerTest, MastercardContactlessReadsLaterDataInItsKernel) {
     ASSERT_NE(udol, record.end());
     EXPECT_EQ(udol->meaning.front(), "9F6A Unpredictable Number (Numeric), 4 bytes");
     EXPECT_EQ(session.summary.cardNumber, "541333******0011");
+    EXPECT_EQ(session.summary.kernel, "contactless kernel 2 (Mastercard), from the AID");
     EXPECT_EQ(session.summary.cryptograms,
               std::vector<std::string>{"Asked for ARQC with CDA, card returned ARQC (CID 80)"});
     EXPECT_EQ(session.summary.verification, std::vector<std::string>{});
@@ -215,17 +216,22 @@ TEST(SessionExplainerTest, EachSchemeIsNamedAndReadInItsKernel) {
         std::string file;
         std::string application;
         std::string cardNumber;
+        std::string kernel;
     };
     const Case cases[] = {
         {"amex-contact.txt",
          "A00000002501, American Express (American Express), label AMERICAN EXPRESS",
-         "374245*****0126"},
-        {"jcb-contactless.txt", "A0000000651010, JCB (JCB), label JCB CREDIT", "352800******0000"},
+         "374245*****0126",
+         "EMV contact (American Express application) or contactless kernel 4 (American Express)"},
+        {"jcb-contactless.txt", "A0000000651010, JCB (JCB), label JCB CREDIT", "352800******0000",
+         "EMV contact (JCB application) or contactless kernel 5 (JCB)"},
         {"unionpay-contact.txt",
-         "A000000333010102, UnionPay (UnionPay Credit), label UnionPay Credit", "625094******8599"},
+         "A000000333010102, UnionPay (UnionPay Credit), label UnionPay Credit", "625094******8599",
+         "EMV contact (UnionPay application) or contactless kernel 7 (UnionPay)"},
         {"discover-contact.txt",
          "A0000001523010, Discover (Discover D-PAS (also Diners Club)), label DISCOVER",
-         "601100******9424"},
+         "601100******9424",
+         "EMV contact (Discover application) or contactless kernel 6 (Discover)"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.file);
@@ -233,6 +239,8 @@ TEST(SessionExplainerTest, EachSchemeIsNamedAndReadInItsKernel) {
         ASSERT_FALSE(session.error);
         EXPECT_EQ(session.summary.application, c.application);
         EXPECT_EQ(session.summary.cardNumber, c.cardNumber);
+        // None of these traces shows PSE or PPSE: the kernel is one of two candidates.
+        EXPECT_EQ(session.summary.kernel, c.kernel + ": the trace shows neither PSE nor PPSE");
         EXPECT_EQ(session.summary.cryptograms,
                   std::vector<std::string>{"Asked for TC, card returned TC (CID 40)"});
         // The GENERATE AC data is split by the CDOL1 of the record.
@@ -243,6 +251,38 @@ TEST(SessionExplainerTest, EachSchemeIsNamedAndReadInItsKernel) {
     const auto& answer = amex.exchanges[3].response->explanation.elements;
     EXPECT_EQ(answer.back().tag, "9F71");
     EXPECT_EQ(answer.back().name, "Mobile CVM Results");
+}
+
+// The interface, and so the kernel, shows in what the terminal selected, the card's kernel
+// identifier, or a PDOL that asks for the TTQ; without any of them both are candidates.
+TEST(SessionExplainerTest, KernelFollowsTheInterfaceTheTraceShows) {
+    const std::string selectVisa =
+        ">> 00A4040007A000000003101000\n<< 6F0B8407A0000000031010A5009000\n";
+    const std::string selectPse = ">> 00A404000E315041592E5359532E444446303100\n<< 6F009000\n";
+    const std::string selectPpse = ">> 00A404000E325041592E5359532E444446303100\n<< 6F009000\n";
+    struct Case {
+        std::string trace;
+        std::optional<std::string> kernel;
+    };
+    const Case cases[] = {
+        {selectPse + selectVisa, "EMV contact (Visa application)"},
+        {selectPpse + selectVisa, "contactless kernel 3 (Visa), from the AID"},
+        {selectVisa,
+         "EMV contact (Visa application) or contactless kernel 3 (Visa): the trace "
+         "shows neither PSE nor PPSE"},
+        // A kernel identifier names the kernel by its low six bits, whatever the AID.
+        {">> 00A4040007A000000003101000\n<< 6F0F8407A0000000031010A5049F2A01829000\n",
+         "contactless kernel 2 (Visa), from 9F2A"},
+        {">> 00A4040007A000000003101000\n<< 6F118407A0000000031010A5069F38039F66049000\n",
+         "contactless kernel 3 (Visa), from the AID"},
+        {selectPpse + ">> 00A4040007A000000999101000\n<< 6F0B8407A0000009991010A5009000\n",
+         "contactless, kernel not known for unknown"},
+        {selectPpse, std::nullopt},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.trace);
+        EXPECT_EQ(SessionExplainer::explain(ApduTrace::read(c.trace)).summary.kernel, c.kernel);
+    }
 }
 
 TEST(SessionExplainerTest, PinOfAnotherQualifierIsNamedByIt) {

@@ -90,6 +90,7 @@ void appendSummary(std::string& out, const SessionSummary& summary) {
         appendLines(out, "    ", items);
     };
     if (summary.application) line("Application", *summary.application);
+    if (summary.kernel) line("Kernel", *summary.kernel);
     if (summary.cardNumber) line("Card number", *summary.cardNumber);
     list("Records read", summary.recordsRead);
     list("Cardholder verification", summary.verification);

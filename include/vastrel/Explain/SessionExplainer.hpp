@@ -40,6 +40,7 @@ struct ExplainedExchange {
 // What the whole session shows: one line per finding, and what the trace does not show.
 struct SessionSummary {
     std::optional<std::string> application;  // AID, scheme, product, label
+    std::optional<std::string> kernel;       // "contactless kernel 3 (Visa), from the AID"
     std::optional<std::string> cardNumber;   // masked unless shown
     std::vector<std::string> recordsRead;
     std::vector<std::string> verification;
