@@ -23,8 +23,8 @@ if(TARGET vastrel_tool)
 endif()
 
 # The static library still needs its dependencies at the consumer's link step, so the
-# package finds them again: nlohmann_json through its own package, the Intel decimal
-# library through our find module, installed next to the config.
+# package finds them again: nlohmann_json through its own package, the Intel decimal and Mbed
+# TLS crypto libraries through our find modules, installed next to the config.
 install(EXPORT vastrelTargets NAMESPACE vastrel:: DESTINATION "${VASTREL_CMAKE_DIR}")
 set(VASTREL_C_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/vastrel-c")
 install(EXPORT vastrel-cTargets NAMESPACE vastrel:: DESTINATION "${VASTREL_C_CMAKE_DIR}")
@@ -46,6 +46,7 @@ install(FILES
     "${PROJECT_BINARY_DIR}/vastrelConfig.cmake"
     "${PROJECT_BINARY_DIR}/vastrelConfigVersion.cmake"
     "${PROJECT_SOURCE_DIR}/cmake/FindIntelDecimal.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/FindMbedCrypto.cmake"
     DESTINATION "${VASTREL_CMAKE_DIR}")
 
 # pkg-config: the prefix is found from the .pc file's own directory, as many levels up as

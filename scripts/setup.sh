@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build pkg-config
     libgtest-dev libgmock-dev libbenchmark-dev
-    libintelrdfpmath-dev nlohmann-json3-dev libcli11-dev iso-codes python3
+    libintelrdfpmath-dev nlohmann-json3-dev libcli11-dev iso-codes python3 libmbedtls-dev
 )
 # Extra groups for the heavier checks: scripts ask for them by name.
 foreign_architectures=()
@@ -22,7 +22,8 @@ for group in "$@"; do
             foreign_architectures+=(arm64 armhf)
             packages+=(crossbuild-essential-arm64 crossbuild-essential-armhf qemu-user)
             for arch in arm64 armhf; do
-                packages+=("libintelrdfpmath-dev:$arch" "libgtest-dev:$arch" "libgmock-dev:$arch")
+                packages+=("libintelrdfpmath-dev:$arch" "libmbedtls-dev:$arch" "libgtest-dev:$arch"
+                           "libgmock-dev:$arch")
             done
             ;;
         *) echo "setup.sh: unknown package group '$group'" >&2; exit 2 ;;

@@ -70,6 +70,11 @@ void JsonWriter::number(std::size_t value) {
     out_ += std::to_string(value);
 }
 
+void JsonWriter::boolean(bool value) {
+    beforeValue();
+    out_ += value ? "true" : "false";
+}
+
 void JsonWriter::null() {
     beforeValue();
     out_ += "null";

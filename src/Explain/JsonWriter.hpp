@@ -20,6 +20,7 @@ class JsonWriter {
     void key(std::string_view name);
     void string(std::string_view text);
     void number(std::size_t value);
+    void boolean(bool value);
     void null();
 
     // The text, ending in a newline.

@@ -31,8 +31,11 @@ constexpr std::uint32_t kCid = 0x9F27;
 constexpr std::uint32_t kTvr = 0x95;
 constexpr std::uint32_t kCurrency = 0x5F2A;
 constexpr std::uint32_t kKernelIdentifier = 0x9F2A;
+constexpr std::uint32_t kTransactionDate = 0x9A;
+constexpr std::uint32_t kUnpredictableNumber = 0x9F37;
 constexpr std::uint32_t kTerminalTransactionQualifiers = 0x9F66;
 constexpr std::uint8_t kCidTypeMask = 0xC0;
+constexpr std::uint8_t kCdaRequested = 0x10;
 
 constexpr std::string_view kCryptogramNames[] = {"AAC", "TC", "ARQC", "RFU"};
 
@@ -54,6 +57,8 @@ struct SessionState {
     std::optional<std::uint8_t> kernelId;  // 9F2A in the FCI
     // The command whose answer a 61xx left for GET RESPONSE to fetch.
     std::optional<CommandApdu> awaitingResponse;
+    std::size_t exchange = 0;  // the one being read
+    OdaInput oda;              // what offline data authentication will be replayed from
 };
 
 std::string headerOf(const CommandApdu& apdu) {
@@ -139,6 +144,7 @@ void explainCommandData(const CommandApdu& apdu, ExplainedCommand& command, Sess
             return;
         }
         data = read.nodes[0].value;
+        state.oda.pdolData = Bytes(data.begin(), data.end());
         if (data.empty()) return;
     }
     if (!dol->has_value()) {
@@ -154,7 +160,14 @@ void explainCommandData(const CommandApdu& apdu, ExplainedCommand& command, Sess
                        std::to_string(DataObjectList::totalLength(**dol));
     }
     for (const DolField& field : fields) {
-        if (field.tag != kTvr || apdu.command != EmvCommand::GenerateAc) continue;
+        const Bytes value(field.value.begin(), field.value.end());
+        if (field.tag == kTransactionDate) state.oda.transactionDate = value;
+        if (apdu.command != EmvCommand::GenerateAc) continue;
+        if (field.tag == kUnpredictableNumber && !state.oda.generateAcs.empty()) {
+            state.oda.generateAcs.back().unpredictableNumber = value;
+        }
+        if (field.tag != kTvr) continue;
+        state.oda.terminalVerificationResults = value;
         summary.terminalVerificationResults = FieldDecoders::decode(kTvr, field.value);
         if (summary.terminalVerificationResults.empty()) {
             summary.terminalVerificationResults.push_back("No finding: every bit is clear");
@@ -191,6 +204,15 @@ ExplainedCommand explainCommand(const CommandApdu& apdu, std::span<const std::ui
     command.name = std::string(apdu.name());
     command.header = headerOf(apdu);
     command.parameters = apdu.parameters();
+    const Bytes data(apdu.data.begin(), apdu.data.end());
+    if (apdu.command == EmvCommand::GenerateAc) {
+        OdaGenerateAc& generateAc = state.oda.generateAcs.emplace_back();
+        generateAc.commandData = data;
+        generateAc.cdaRequested = (apdu.p1 & kCdaRequested) != 0;
+    }
+    if (apdu.command == EmvCommand::InternalAuthenticate) {
+        state.oda.internalAuthenticate = OdaInternalAuthenticate{data, {}};
+    }
     explainCommandData(apdu, command, state, summary, options);
     command.hex = shownCommandHex(apdu, bytes, command, state, options);
     if (apdu.command == EmvCommand::ReadRecord) {
@@ -199,7 +221,7 @@ ExplainedCommand explainCommand(const CommandApdu& apdu, std::span<const std::ui
     }
     if (apdu.command == EmvCommand::GenerateAc) {
         summary.cryptograms.push_back("Asked for " + std::string(kCryptogramNames[apdu.p1 >> 6]) +
-                                      ((apdu.p1 & 0x10) != 0 ? " with CDA" : ""));
+                                      ((apdu.p1 & kCdaRequested) != 0 ? " with CDA" : ""));
     }
     return command;
 }
@@ -223,9 +245,31 @@ std::optional<std::vector<DolEntry>> dolIn(const std::vector<BerNode>& nodes, st
 
 // What a response teaches the session: the application selected, its DOLs, the card number,
 // the cryptogram returned, the PIN's fate.
-void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t sw2,
-               const CommandApdu* apdu, SessionState& state, SessionSummary& summary,
-               const ExplainOptions& options) {
+// What offline data authentication needs of a response that completed its command.
+void keepForOda(std::span<const std::uint8_t> data, const CommandApdu& apdu, SessionState& state) {
+    const OdaResponse response{Bytes(data.begin(), data.end()), state.exchange};
+    switch (apdu.command) {
+        case EmvCommand::GetProcessingOptions:
+            state.oda.processingOptions = response;
+            break;
+        case EmvCommand::ReadRecord:
+            state.oda.records.push_back(
+                {static_cast<std::uint8_t>(apdu.p2 >> 3), apdu.p1, response});
+            break;
+        case EmvCommand::GenerateAc:
+            if (!state.oda.generateAcs.empty()) state.oda.generateAcs.back().response = response;
+            break;
+        case EmvCommand::InternalAuthenticate:
+            if (state.oda.internalAuthenticate) state.oda.internalAuthenticate->response = response;
+            break;
+        default:
+            break;
+    }
+}
+
+void learnFrom(std::span<const std::uint8_t> data, const std::vector<BerNode>& nodes,
+               std::uint8_t sw1, std::uint8_t sw2, const CommandApdu* apdu, SessionState& state,
+               SessionSummary& summary, const ExplainOptions& options) {
     const bool ok = sw1 == 0x90 && sw2 == 0x00;
     if (apdu != nullptr && apdu->command == EmvCommand::Select && ok) {
         const std::string name(apdu->data.begin(), apdu->data.end());
@@ -235,6 +279,7 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
         const BerNode* dfName = firstPrimitive(nodes, kDfName);
         const auto aid = dfName != nullptr ? dfName->value : apdu->data;
         if (!directory && !aid.empty()) {
+            state.oda.aid.assign(aid.begin(), aid.end());
             state.scheme = ApplicationIdentifier::identify(aid).scheme;
             state.application = explain::describeAid(aid);
         }
@@ -274,6 +319,7 @@ void learnFrom(const std::vector<BerNode>& nodes, std::uint8_t sw1, std::uint8_t
         summary.cardNumber = digits;
     }
     if (apdu == nullptr) return;
+    if (ok) keepForOda(data, *apdu, state);
     if (apdu->command == EmvCommand::GenerateAc) {
         const BerNode* cid = firstPrimitive(nodes, kCid);
         if (cid != nullptr && cid->value.size() == 1 && !summary.cryptograms.empty()) {
@@ -324,7 +370,7 @@ ExplainedResponse explainResponse(const TraceApdu& response, const CommandApdu* 
         answered = &*state.awaitingResponse;
     }
     const BerReadResult read = BerReader::read(data);
-    learnFrom(read.nodes, sw1, sw2, answered, state, summary, options);
+    learnFrom(data, read.nodes, sw1, sw2, answered, state, summary, options);
     state.awaitingResponse.reset();
     if (sw1 == 0x61 && answered != nullptr) state.awaitingResponse = *answered;
     return explained;
@@ -419,6 +465,7 @@ SessionExplanation SessionExplainer::explain(const TraceRead& trace,
     SessionState state;
     std::optional<TraceExchange> previous;
     for (const TraceExchange& exchange : trace.exchanges) {
+        state.exchange = session.exchanges.size();
         ExplainedExchange& explained = session.exchanges.emplace_back();
         std::optional<CommandApdu> apdu;
         if (exchange.command) {
@@ -450,6 +497,9 @@ SessionExplanation SessionExplainer::explain(const TraceRead& trace,
         previous = exchange;
     }
     summarise(state, session.summary);
+    state.oda.showSensitive = options.showSensitive;
+    session.summary.oda = OdaVerifier::verify(
+        state.oda, options.caKeys != nullptr ? *options.caKeys : CaKeyTable::builtIn());
     return session;
 }
 

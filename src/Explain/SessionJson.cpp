@@ -60,6 +60,80 @@ void writeResponse(JsonWriter& json, const ExplainedResponse& response) {
     json.endObject();
 }
 
+void writeOdaStep(JsonWriter& json, const OdaStep& step) {
+    json.beginObject();
+    json.key("object");
+    json.string(step.object);
+    json.key("key");
+    json.beginObject();
+    json.key("rid");
+    json.string(step.keyRid);
+    json.key("index");
+    json.string(step.keyIndex);
+    json.endObject();
+    json.key("exchange");
+    json.number(step.exchange + 1);
+    json.key("fields");
+    json.beginObject();
+    for (const OdaField& field : step.fields) {
+        json.key(field.name);
+        json.string(field.value);
+    }
+    json.endObject();
+    json.key("checks");
+    json.beginArray();
+    for (const OdaCheck& check : step.checks) {
+        json.beginObject();
+        json.key("name");
+        json.string(check.name);
+        json.key("ok");
+        if (check.ok) {
+            json.boolean(*check.ok);
+        } else {
+            json.null();
+        }
+        json.key("detail");
+        json.string(check.detail);
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+}
+
+void writeOda(JsonWriter& json, const OdaReport& oda) {
+    json.beginObject();
+    json.key("methods");
+    json.beginArray();
+    for (const OdaMethod& method : oda.methods) {
+        json.beginObject();
+        json.key("method");
+        json.string(method.method);
+        json.key("result");
+        json.string(describe(method.verdict));
+        json.key("failed_check");
+        if (method.verdict == OdaVerdict::Failed) {
+            json.string(method.detail);
+        } else {
+            json.null();
+        }
+        json.key("reason");
+        if (method.verdict == OdaVerdict::NotPossible) {
+            json.string(method.detail);
+        } else {
+            json.null();
+        }
+        json.endObject();
+    }
+    json.endArray();
+    json.key("steps");
+    json.beginArray();
+    for (const OdaStep& step : oda.steps)
+        writeOdaStep(json, step);
+    json.endArray();
+    strings(json, "tvr", oda.terminalFindings);
+    json.endObject();
+}
+
 void writeSummary(JsonWriter& json, const SessionSummary& summary) {
     json.beginObject();
     stringsOrNull(json, "application", summary.application);
@@ -70,6 +144,8 @@ void writeSummary(JsonWriter& json, const SessionSummary& summary) {
     strings(json, "cryptograms", summary.cryptograms);
     strings(json, "tvr", summary.terminalVerificationResults);
     strings(json, "not_shown", summary.notShown);
+    json.key("oda");
+    writeOda(json, summary.oda);
     json.endObject();
 }
 

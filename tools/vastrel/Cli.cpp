@@ -111,7 +111,7 @@ int runCli(std::span<const char* const> args, const CliStreams& streams) {
     const std::vector<Command> commands = {
         addExplainCommand(app), addDecodeCommand(app),  addSplitCommand(app), addTagCommand(app),
         addTagsCommand(app),    addCvmCommand(app),     addBrandCommand(app), addEnumCommand(app),
-        addIccCommand(app),     addReceiptCommand(app), addMaskCommand(app),
+        addIccCommand(app),     addReceiptCommand(app), addMaskCommand(app),  addCapkCommand(app),
     };
 
     if (const auto word = unknownSubcommand(app, args)) {

@@ -56,6 +56,7 @@ Command addEnumCommand(CLI::App& app);
 Command addIccCommand(CLI::App& app);
 Command addReceiptCommand(CLI::App& app);
 Command addMaskCommand(CLI::App& app);
+Command addCapkCommand(CLI::App& app);
 
 // The help text shared by the subcommands that read hex.
 inline constexpr const char* kHexHelp =

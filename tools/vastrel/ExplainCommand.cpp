@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "CaKeyInput.hpp"
 #include "Commands.hpp"
 #include "HexInput.hpp"
 #include "vastrel/Explain/ApduTrace.hpp"
@@ -18,6 +19,7 @@ struct ExplainOptionsCli {
     std::vector<std::string> hex;
     bool json = false;
     bool trace = false;
+    std::optional<std::string> caKeys;
 };
 
 // Hex digits per line of a value; longer values continue on the next lines.
@@ -97,6 +99,30 @@ void appendSummary(std::string& out, const SessionSummary& summary) {
     list("Cryptograms", summary.cryptograms);
     list("TVR sent with GENERATE AC", summary.terminalVerificationResults);
     list("Not in the trace", summary.notShown);
+    std::vector<std::string> verdicts;
+    for (const OdaMethod& method : summary.oda.methods) {
+        verdicts.push_back(method.method + ": " + std::string(describe(method.verdict)) +
+                           (method.detail.empty() ? "" : ": " + method.detail));
+    }
+    list("Offline data authentication", verdicts);
+    list("The TVR on offline data authentication", summary.oda.terminalFindings);
+}
+
+std::string_view checkMark(const OdaCheck& check) {
+    if (!check.ok) return "not checked";
+    return *check.ok ? "ok" : "FAILED";
+}
+
+void appendOdaStep(std::string& out, const OdaStep& step) {
+    out += "  Offline data authentication: " + step.object;
+    if (!step.keyRid.empty()) out += " (CA key " + step.keyRid + " " + step.keyIndex + ")";
+    out += '\n';
+    for (const OdaField& field : step.fields)
+        out += "    " + field.name + ": " + field.value + '\n';
+    for (const OdaCheck& check : step.checks) {
+        out += "    [" + std::string(checkMark(check)) + "] " + check.name + ": " + check.detail +
+               '\n';
+    }
 }
 
 std::string sessionText(const SessionExplanation& session) {
@@ -108,6 +134,9 @@ std::string sessionText(const SessionExplanation& session) {
         if (exchange.command) appendCommand(out, *exchange.command);
         if (exchange.response) appendResponse(out, *exchange.response);
         appendLines(out, "  ", exchange.notes);
+        for (const OdaStep& step : session.summary.oda.steps) {
+            if (step.exchange == i) appendOdaStep(out, step);
+        }
         out += '\n';
     }
     appendSummary(out, session.summary);
@@ -119,6 +148,8 @@ CommandOutput runTrace(const std::string& text, const ExplainOptionsCli& options
                        const CommandContext& context) {
     ExplainOptions explainOptions;
     explainOptions.showSensitive = context.showSensitive;
+    const CaKeyTable keys = caKeyTable(options.caKeys, context.input);
+    explainOptions.caKeys = &keys;
     const SessionExplanation session =
         SessionExplainer::explain(ApduTrace::read(text), explainOptions);
     CommandOutput output;
@@ -165,6 +196,9 @@ Command addExplainCommand(CLI::App& app) {
     parser->add_flag("--trace", options->trace,
                      "Read the input as a trace of a card session, one APDU a line (found "
                      "without this when several lines each hold a command or a response)");
+    parser->add_option("--ca-keys", options->caKeys,
+                       "A CA key file (the format of `vastrel capk --file`) whose keys are "
+                       "added to the built-in ones, replacing those of the same RID and index");
     return {parser, [options](CommandContext& context) { return runExplain(*options, context); }};
 }
 

@@ -1,6 +1,7 @@
 #include "HexInput.hpp"
 
 #include <cctype>
+#include <fstream>
 #include <istream>
 #include <iterator>
 #include <sstream>
@@ -40,6 +41,15 @@ std::string cleanHex(std::string_view text, std::string_view what, std::string_v
 
 std::string InputSource::readAll() const {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::string readFileText(const std::string& file, const InputSource& input) {
+    if (file == "-") return input.readAll();
+    std::ifstream in(file, std::ios::binary);
+    if (!in) throw InputError("cannot read " + file);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
 }
 
 std::string readText(const std::vector<std::string>& args, const InputSource& input) {

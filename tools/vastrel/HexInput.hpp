@@ -27,6 +27,10 @@ std::string readHexInput(const std::vector<std::string>& args, const InputSource
 // there are none. Throws UsageError as readHexInput does.
 std::string readText(const std::vector<std::string>& args, const InputSource& input);
 
+// The text of a file named on the command line; "-" is standard input. Throws InputError when
+// it cannot be read.
+std::string readFileText(const std::string& file, const InputSource& input);
+
 // text cleaned as cleanHex cleans it, decoded to bytes.
 Bytes hexBytes(std::string_view text, std::string_view separators = "");
 

@@ -1,13 +1,12 @@
 // `vastrel receipt`: a transaction (JSON) through the EMV or MSR receipt builder, printed
 // as the customer copy or as JSON.
-#include <fstream>
 #include <memory>
 #include <optional>
-#include <sstream>
 #include <string>
 
 #include "BundledExample.hpp"
 #include "Commands.hpp"
+#include "HexInput.hpp"
 #include "JsonRender.hpp"
 #include "ReceiptInput.hpp"
 #include "ReceiptLayout.hpp"
@@ -28,12 +27,7 @@ struct Source {
 
 Source readSource(const std::optional<std::string>& file, const InputSource& input) {
     if (!file) return {"bundled example", std::string(bundledExampleJson())};
-    if (*file == "-") return {"standard input", input.readAll()};
-    std::ifstream in(*file, std::ios::binary);
-    if (!in) throw InputError("cannot read " + *file);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return {*file, text.str()};
+    return {*file == "-" ? "standard input" : *file, readFileText(*file, input)};
 }
 
 ReceiptHeader headerFor(const TransactionInput& input) {

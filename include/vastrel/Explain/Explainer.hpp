@@ -13,12 +13,17 @@
 
 namespace vastrel {
 
+class CaKeyTable;
+
 struct ExplainOptions {
     bool showSensitive = false;  // card data in full; masked by default
     std::uint32_t maxDepth = BerReader::kDefaultMaxDepth;
     // The kernel to read the data in when it carries no AID of its own: a session's
     // selected application.
     PaymentScheme scheme = PaymentScheme::Any;
+    // The CA public keys a session's offline data authentication is checked with; the
+    // built-in table when null.
+    const CaKeyTable* caKeys = nullptr;
 };
 
 // One element of an explanation, in document order: a template is followed by its subtree,

@@ -7,6 +7,7 @@
 
 #include "vastrel/Explain/ApduTrace.hpp"
 #include "vastrel/Explain/Explainer.hpp"
+#include "vastrel/Oda/OdaVerifier.hpp"
 
 namespace vastrel {
 
@@ -47,6 +48,9 @@ struct SessionSummary {
     std::vector<std::string> cryptograms;
     std::vector<std::string> terminalVerificationResults;
     std::vector<std::string> notShown;
+    // Offline data authentication replayed: each step after the exchange that carried its
+    // object, the verdicts here.
+    OdaReport oda;
 };
 
 struct SessionExplanation {
@@ -65,7 +69,9 @@ class SessionExplainer {
 
     // {"exchanges": [{"line", "command": null or {"hex", "name", "header", "parameters",
     // "dol": [elements], "note"}, "response": null or {"elements", "status", "error"},
-    // "notes"}], "summary": {...}, "error": null or {"line", "reason"}}.
+    // "notes"}], "summary": {..., "oda": {"methods": [{"method", "result", "failed_check"}],
+    // "steps": [{"object", "key": {"rid", "index"}, "exchange", "fields": {...}, "checks":
+    // [{"name", "ok", "detail"}]}], "tvr"}}, "error": null or {"line", "reason"}}.
     [[nodiscard]] static std::string toJson(const SessionExplanation& session);
 };
 
