@@ -38,7 +38,7 @@
 #include <stdint.h>
 
 #define VASTREL_VERSION_MAJOR 2
-#define VASTREL_VERSION_MINOR 0
+#define VASTREL_VERSION_MINOR 1
 #define VASTREL_VERSION_PATCH 0
 
 /* How the library's functions are declared. Define VASTREL_API before including this header
@@ -57,7 +57,7 @@
 extern "C" {
 #endif
 
-/* The version of the library that is loaded, "2.0.0", which may be newer than the header's
+/* The version of the library that is loaded, "2.1.0", which may be newer than the header's
    VASTREL_VERSION_* (same major). */
 VASTREL_API const char* vastrel_version(void);
 
@@ -249,6 +249,34 @@ VASTREL_API vastrel_status vastrel_explain_json(const uint8_t* data, size_t leng
 VASTREL_API vastrel_status vastrel_explain_session_json(const char* trace, size_t trace_length,
                                                         int show_sensitive, char* out,
                                                         size_t out_capacity, size_t* out_length);
+
+/* The same with the terminal's own CA public keys: ca_keys is text in the key file format
+   (one key a line: rid, index, exponent, modulus, then optionally the published SHA-1
+   checksum, the scheme and the source; tab-separated, or blank-separated in a line without
+   tabs; a first line starting with "rid" is a header). Its keys join the built-in table,
+   replacing built-in keys of the same RID and index; NULL with ca_keys_length 0 uses the
+   built-in table alone. The offline data authentication replayed from the trace is under
+   "summary" "oda": {"methods": [{"method", "result", "failed_check", "reason"}], "steps":
+   [{"object", "key": {"rid", "index"}, "exchange", "fields", "checks": [{"name", "ok",
+   "detail"}]}], "tvr"}. A key line that cannot be read is VASTREL_ERROR_MALFORMED_DATA, its
+   line number in vastrel_last_error_message. */
+VASTREL_API vastrel_status vastrel_explain_session_json_with_keys(
+    const char* trace, size_t trace_length, const char* ca_keys, size_t ca_keys_length,
+    int show_sensitive, char* out, size_t out_capacity, size_t* out_length);
+
+/* ---- CA public keys ---- */
+
+/* Checks CA public keys given in the key file format (see above) as a terminal should before
+   loading them: the published SHA-1 checksum over RID, index, modulus and exponent, a modulus
+   length the schemes use, an exponent of 3 or 65537, and no index given twice within a RID.
+   The JSON array holds one verdict per key: [{"rid", "index", "scheme", "source" ("line N"),
+   "verdict": "passed", "failed" or "unverified" (no checksum published), "checks": [{"name",
+   "ok" (null when not checked), "detail"}]}]. *failed_count receives the number of keys that
+   failed. A line that cannot be read is VASTREL_ERROR_MALFORMED_DATA, its line number in
+   vastrel_last_error_message. */
+VASTREL_API vastrel_status vastrel_ca_keys_check_json(const char* keys, size_t keys_length,
+                                                      size_t* failed_count, char* out,
+                                                      size_t out_capacity, size_t* out_length);
 
 /* ---- Tags, CVM, brands, enumerations ---- */
 

@@ -4,9 +4,7 @@
 
 #include "CApiSupport.hpp"
 #include "vastrel/Codec/BerReader.hpp"
-#include "vastrel/Explain/ApduTrace.hpp"
 #include "vastrel/Explain/Explainer.hpp"
-#include "vastrel/Explain/SessionExplainer.hpp"
 
 using namespace vastrel;
 using namespace vastrel::capi;
@@ -88,13 +86,8 @@ vastrel_status vastrel_explain_json(const uint8_t* data, size_t length, int show
 vastrel_status vastrel_explain_session_json(const char* trace, size_t trace_length,
                                             int show_sensitive, char* out, size_t out_capacity,
                                             size_t* out_length) {
-    return guarded([&] {
-        ExplainOptions options;
-        options.showSensitive = show_sensitive != 0;
-        const SessionExplanation session = SessionExplainer::explain(
-            ApduTrace::read(textArgument(trace, trace_length, "trace")), options);
-        return writeText(SessionExplainer::toJson(session), out, out_capacity, out_length);
-    });
+    return vastrel_explain_session_json_with_keys(trace, trace_length, nullptr, 0, show_sensitive,
+                                                  out, out_capacity, out_length);
 }
 
 }  // extern "C"

@@ -85,4 +85,23 @@ std::string JsonWriter::finish() {
     return std::move(out_);
 }
 
+void writeChecks(JsonWriter& json, std::span<const OdaCheck> checks) {
+    json.beginArray();
+    for (const OdaCheck& check : checks) {
+        json.beginObject();
+        json.key("name");
+        json.string(check.name);
+        json.key("ok");
+        if (check.ok) {
+            json.boolean(*check.ok);
+        } else {
+            json.null();
+        }
+        json.key("detail");
+        json.string(check.detail);
+        json.endObject();
+    }
+    json.endArray();
+}
+
 }  // namespace vastrel::explain

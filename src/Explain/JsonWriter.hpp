@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "vastrel/Oda/OdaCheck.hpp"
 
 namespace vastrel::explain {
 
@@ -37,5 +40,9 @@ class JsonWriter {
     std::vector<bool> hasItems_;  // per open level: something was written in it
     bool afterKey_ = false;
 };
+
+// [{"name", "ok" (null when not checked), "detail"}], the checks of offline data
+// authentication and of CA keys.
+void writeChecks(JsonWriter& json, std::span<const OdaCheck> checks);
 
 }  // namespace vastrel::explain

@@ -81,22 +81,7 @@ void writeOdaStep(JsonWriter& json, const OdaStep& step) {
     }
     json.endObject();
     json.key("checks");
-    json.beginArray();
-    for (const OdaCheck& check : step.checks) {
-        json.beginObject();
-        json.key("name");
-        json.string(check.name);
-        json.key("ok");
-        if (check.ok) {
-            json.boolean(*check.ok);
-        } else {
-            json.null();
-        }
-        json.key("detail");
-        json.string(check.detail);
-        json.endObject();
-    }
-    json.endArray();
+    explain::writeChecks(json, step.checks);
     json.endObject();
 }
 

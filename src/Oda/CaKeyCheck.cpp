@@ -6,6 +6,7 @@
 
 #include "Codec/HexEncode.hpp"
 #include "Crypto.hpp"
+#include "Explain/JsonWriter.hpp"
 #include "vastrel/Codec/HexDecoder.hpp"
 
 namespace vastrel {
@@ -152,6 +153,50 @@ std::vector<std::vector<OdaCheck>> CaKeyCheck::checkAll(std::span<const CaPublic
         verdicts.push_back(std::move(checks));
     }
     return verdicts;
+}
+
+std::string_view describe(CaKeyVerdict verdict) noexcept {
+    switch (verdict) {
+        case CaKeyVerdict::Passed:
+            return "passed";
+        case CaKeyVerdict::Failed:
+            return "failed";
+        case CaKeyVerdict::Unverified:
+            break;
+    }
+    return "unverified";
+}
+
+CaKeyVerdict CaKeyCheck::verdict(std::span<const OdaCheck> checks) noexcept {
+    if (!passed(checks)) return CaKeyVerdict::Failed;
+    const bool allMade =
+        std::ranges::all_of(checks, [](const OdaCheck& c) { return c.ok.has_value(); });
+    return allMade ? CaKeyVerdict::Passed : CaKeyVerdict::Unverified;
+}
+
+std::string CaKeyCheck::toJson(std::span<const CaPublicKey> keys,
+                               std::span<const std::string> names,
+                               std::span<const std::vector<OdaCheck>> verdicts) {
+    explain::JsonWriter json;
+    json.beginArray();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        json.beginObject();
+        json.key("rid");
+        json.string(codec::hexUpper(keys[i].rid));
+        json.key("index");
+        json.string(codec::hexUpper({&keys[i].index, 1}));
+        json.key("scheme");
+        json.string(keys[i].scheme);
+        json.key("source");
+        json.string(i < names.size() ? names[i] : "key " + std::to_string(i + 1));
+        json.key("verdict");
+        json.string(describe(verdict(verdicts[i])));
+        json.key("checks");
+        explain::writeChecks(json, verdicts[i]);
+        json.endObject();
+    }
+    json.endArray();
+    return json.finish();
 }
 
 bool CaKeyCheck::passed(std::span<const OdaCheck> checks) noexcept {

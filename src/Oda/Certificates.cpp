@@ -124,7 +124,12 @@ int monthNumber(int yy, int mm) { return (yy < 50 ? 2000 + yy : 1900 + yy) * 12 
 
 std::string monthText(int number) {
     const int month = number % 12 + 1;
-    return (month < 10 ? "0" : "") + std::to_string(month) + "/" + std::to_string(number / 12);
+    // Built in steps: GCC 12 reports a false -Wrestrict on the chained form.
+    std::string text = month < 10 ? "0" : "";
+    text += std::to_string(month);
+    text += '/';
+    text += std::to_string(number / 12);
+    return text;
 }
 
 // A certificate's MMYY expiry against the transaction's month: valid through its last day.

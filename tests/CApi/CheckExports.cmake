@@ -3,7 +3,7 @@
 # exported in), and at least MINIMUM of them are there.
 #   cmake -DNM=nm -DLIBRARY=lib.so [-DALLOWED=regex] [-DMINIMUM=n] -P CheckExports.cmake
 if(NOT ALLOWED)
-    set(ALLOWED "^(vastrel_.*|VASTREL_[0-9]+)$")
+    set(ALLOWED "^(vastrel_.*|VASTREL_[0-9]+(\\.[0-9]+)?)$")
 endif()
 if(NOT MINIMUM)
     set(MINIMUM 30)

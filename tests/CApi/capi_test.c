@@ -479,6 +479,88 @@ static void test_logging(void) {
     CHECK(log_count == 0);
 }
 
+/* Visa's published CA key 92, as a key-file line, with its checksum. */
+#define VISA_92                                                        \
+    "A000000003\t92\t03\t"                                             \
+    "996AF56F569187D09293C14810450ED8EE3357397B18A2458EFAA92DA3B6DF65" \
+    "14EC060195318FD43BE9B8F0CC669E3F844057CBDDF8BDA191BB64473BC8DC9A" \
+    "730DB8F6B4EDE3924186FFD9B8C7735789C23A36BA0B8AF65372EB57EA5D89E7" \
+    "D14E9C7B6B557460F10885DA16AC923F15AF3758F0F03EBD3C5C2C949CBA306D" \
+    "B44E6A2C076C5F67E281D7EF56785DC4D75945E491F01918800A9E2DC66F6008" \
+    "0566CE0DAF8D17EAD46AD8E30A247C9F"                                 \
+    "\t429C954A3859CEF91295F663C963E582ED6EB253\tVISA\n"
+
+static char* read_example(const char* name) {
+    static char contents[2][16384];
+    static int next;
+    char path[512];
+    char* out = contents[next++ % 2];
+    size_t length;
+    FILE* file;
+    snprintf(path, sizeof path, "%s/examples/%s", VASTREL_SOURCE_DIR, name);
+    file = fopen(path, "rb");
+    CHECK(file != NULL);
+    if (file == NULL) return strcpy(out, "");
+    length = fread(out, 1, sizeof contents[0] - 1, file);
+    out[length] = '\0';
+    fclose(file);
+    return out;
+}
+
+static size_t count_of(const char* text, const char* part) {
+    size_t count = 0;
+    for (text = strstr(text, part); text != NULL; text = strstr(text + 1, part))
+        ++count;
+    return count;
+}
+
+static void test_ca_keys(void) {
+    static char json[65536];
+    static const char bad_checksum[] =
+        "A000000003 92 03 C0FFEE 0000000000000000000000000000000000000000\n";
+    static const char bad_line[] = "rid\tindex\nA000000003\t92\t03\tC0FFEE\nA0000003\t92\t03\t01\n";
+    size_t failed = 99;
+    const char* trace;
+    const char* key;
+
+    CHECK_STATUS(vastrel_ca_keys_check_json(VISA_92, strlen(VISA_92), &failed, json, sizeof json,
+                                            &text_length),
+                 VASTREL_OK);
+    CHECK(failed == 0);
+    CHECK(strstr(json, "\"verdict\": \"passed\"") != NULL);
+    CHECK_STATUS(vastrel_ca_keys_check_json(bad_checksum, strlen(bad_checksum), &failed, json,
+                                            sizeof json, &text_length),
+                 VASTREL_OK);
+    CHECK(failed == 1);
+    CHECK(strstr(json, "\"source\": \"line 1\"") != NULL);
+    /* A line that cannot be read is named by its number, never by its content. */
+    CHECK_STATUS(vastrel_ca_keys_check_json(bad_line, strlen(bad_line), &failed, json, sizeof json,
+                                            &text_length),
+                 VASTREL_ERROR_MALFORMED_DATA);
+    CHECK(strstr(vastrel_last_error_message(), "line 3") != NULL);
+    CHECK(strstr(vastrel_last_error_message(), "A0000003") == NULL);
+    CHECK_STATUS(
+        vastrel_ca_keys_check_json(VISA_92, strlen(VISA_92), NULL, json, sizeof json, &text_length),
+        VASTREL_ERROR_NULL_ARGUMENT);
+
+    /* The example session is signed by the tests' own CA: only with its key does it pass. */
+    trace = read_example("oda-session.txt");
+    key = read_example("oda-test-ca.tsv");
+    CHECK_STATUS(vastrel_explain_session_json_with_keys(trace, strlen(trace), key, strlen(key), 0,
+                                                        json, sizeof json, &text_length),
+                 VASTREL_OK);
+    CHECK(count_of(json, "\"result\": \"passed\"") == 3);
+    CHECK(strstr(json, "476173******0010") != NULL);
+    CHECK_STATUS(
+        vastrel_explain_session_json(trace, strlen(trace), 0, json, sizeof json, &text_length),
+        VASTREL_OK);
+    CHECK(count_of(json, "\"failed_check\": \"issuer certificate: length\"") == 3);
+    CHECK_STATUS(
+        vastrel_explain_session_json_with_keys(trace, strlen(trace), bad_line, strlen(bad_line), 0,
+                                               json, sizeof json, &text_length),
+        VASTREL_ERROR_MALFORMED_DATA);
+}
+
 static void test_version(void) {
     char expected[32];
     snprintf(expected, sizeof expected, "%d.%d.%d", VASTREL_VERSION_MAJOR, VASTREL_VERSION_MINOR,
@@ -495,6 +577,7 @@ int main(void) {
     test_lookups();
     test_receipts();
     test_logging();
+    test_ca_keys();
     test_version();
     if (failures != 0) {
         fprintf(stderr, "%d checks failed\n", failures);

@@ -9,7 +9,6 @@
 #include "CaKeyInput.hpp"
 #include "Commands.hpp"
 #include "HexInput.hpp"
-#include "JsonRender.hpp"
 #include "vastrel/Oda/CaKeyCheck.hpp"
 
 namespace vastrel::tool {
@@ -20,27 +19,6 @@ struct CapkOptions {
     std::optional<std::string> file;
     bool json = false;
 };
-
-enum class Verdict { Passed, Failed, Unverified };
-
-Verdict verdictOf(const std::vector<OdaCheck>& checks) {
-    if (!CaKeyCheck::passed(checks)) return Verdict::Failed;
-    const bool allMade =
-        std::ranges::all_of(checks, [](const OdaCheck& c) { return c.ok.has_value(); });
-    return allMade ? Verdict::Passed : Verdict::Unverified;
-}
-
-std::string_view verdictName(Verdict verdict) {
-    switch (verdict) {
-        case Verdict::Passed:
-            return "passed";
-        case Verdict::Failed:
-            return "FAILED";
-        case Verdict::Unverified:
-            break;
-    }
-    return "unverified";
-}
 
 // The keys to check and where each came from: the arguments (one key each), the file, or the
 // built-in table when neither is given.
@@ -74,28 +52,13 @@ std::vector<NamedKey> keysToCheck(const CapkOptions& options, const InputSource&
 std::string keyText(const NamedKey& named, const std::vector<OdaCheck>& checks) {
     const CaPublicKey& key = named.key;
     std::string out = key.name() + "  " + (key.scheme.empty() ? "" : key.scheme + "  ") + "(" +
-                      named.source + "): " + std::string(verdictName(verdictOf(checks))) + '\n';
+                      named.source + "): " + std::string(describe(CaKeyCheck::verdict(checks))) +
+                      '\n';
     for (const OdaCheck& check : checks) {
         if (check.ok == true) continue;
         out += "  - " + check.name + (check.ok ? ": " : " not checked: ") + check.detail + '\n';
     }
     return out;
-}
-
-Json keyJson(const NamedKey& named, const std::vector<OdaCheck>& checks) {
-    Json list = Json::array();
-    for (const OdaCheck& check : checks) {
-        list.push_back({{"name", check.name},
-                        {"ok", check.ok ? Json(*check.ok) : Json(nullptr)},
-                        {"detail", check.detail}});
-    }
-    const std::string name = named.key.name();
-    return {{"rid", name.substr(0, 10)},
-            {"index", name.substr(11)},
-            {"scheme", named.key.scheme},
-            {"source", named.source},
-            {"verdict", std::string(verdictName(verdictOf(checks)))},
-            {"checks", list}};
 }
 
 CommandOutput runCapk(const CapkOptions& options, const CommandContext& context) {
@@ -108,17 +71,12 @@ CommandOutput runCapk(const CapkOptions& options, const CommandContext& context)
     }
     const auto verdicts = CaKeyCheck::checkAll(keys, sources);
     CommandOutput output;
-    Json json = Json::array();
     std::size_t failed = 0;
     for (std::size_t i = 0; i < named.size(); ++i) {
-        if (verdictOf(verdicts[i]) == Verdict::Failed) ++failed;
-        if (options.json) {
-            json.push_back(keyJson(named[i], verdicts[i]));
-        } else {
-            output.text += keyText(named[i], verdicts[i]);
-        }
+        if (CaKeyCheck::verdict(verdicts[i]) == CaKeyVerdict::Failed) ++failed;
+        if (!options.json) output.text += keyText(named[i], verdicts[i]);
     }
-    if (options.json) output.text = dumpJson(json);
+    if (options.json) output.text = CaKeyCheck::toJson(keys, sources, verdicts);
     if (failed > 0) {
         output.error =
             std::to_string(failed) + " of " + std::to_string(named.size()) + " keys failed";

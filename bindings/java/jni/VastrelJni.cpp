@@ -339,12 +339,26 @@ JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainJson)(JNIEnv* env, jclass, jbyte
 }
 
 JNIEXPORT jbyteArray JNICALL VASTREL_JNI(explainSessionJson)(JNIEnv* env, jclass, jbyteArray trace,
+                                                             jbyteArray caKeys,
                                                              jboolean showSensitive) {
     return guarded<jbyteArray>(env, [&] {
         const auto text = bytesOf(env, trace);
+        const auto keys = bytesOf(env, caKeys);
         return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
-            return vastrel_explain_session_json(dataOf(text), sizeOf(text), showSensitive ? 1 : 0,
-                                                out, capacity, length);
+            return vastrel_explain_session_json_with_keys(dataOf(text), sizeOf(text), dataOf(keys),
+                                                          sizeOf(keys), showSensitive ? 1 : 0, out,
+                                                          capacity, length);
+        });
+    });
+}
+
+JNIEXPORT jbyteArray JNICALL VASTREL_JNI(checkCaKeysJson)(JNIEnv* env, jclass, jbyteArray keys) {
+    return guarded<jbyteArray>(env, [&] {
+        const auto text = bytesOf(env, keys);
+        std::size_t failed = 0;
+        return textResult(env, [&](char* out, std::size_t capacity, std::size_t* length) {
+            return vastrel_ca_keys_check_json(dataOf(text), sizeOf(text), &failed, out, capacity,
+                                              length);
         });
     });
 }

@@ -1,5 +1,6 @@
 """The Python package over libvastrel.so: strict decoding, explanations, lookups, receipts and
 the log, with the library chosen by VASTREL_LIBRARY."""
+import pathlib
 import threading
 
 import pytest
@@ -142,6 +143,29 @@ def test_four_threads_at_once():
     for thread in threads:
         thread.join()
     assert set(results) == {("Amount, Authorised (Numeric)", vastrel.CardType.VISA)}
+
+
+EXAMPLES = pathlib.Path(__file__).resolve().parents[3] / "examples"
+
+
+def test_ca_keys_are_checked_by_checksum_and_bad_lines_name_their_number():
+    (verdict,) = vastrel.check_ca_keys(
+        "A000000003 92 03 C0FFEE 0000000000000000000000000000000000000000\n")
+    assert verdict["verdict"] == "failed"
+    assert [c["name"] for c in verdict["checks"] if c["ok"] is False] == ["checksum", "modulus"]
+    with pytest.raises(vastrel.VastrelError) as raised:
+        vastrel.check_ca_keys("A0000003 92 03 01\n")
+    assert "line 1" in str(raised.value) and "A0000003" not in str(raised.value)
+
+
+def test_session_verdicts_use_the_given_ca_keys():
+    trace = (EXAMPLES / "oda-session.txt").read_text()
+    key = (EXAMPLES / "oda-test-ca.tsv").read_text()
+    oda = vastrel.explain_session(trace, ca_keys=key)["summary"]["oda"]
+    assert [(m["method"], m["result"]) for m in oda["methods"]] == [
+        ("CDA", "passed"), ("DDA", "passed"), ("SDA", "passed")]
+    built_in = vastrel.explain_session(trace)["summary"]["oda"]
+    assert {m["failed_check"] for m in built_in["methods"]} == {"issuer certificate: length"}
 
 
 def test_explain_session_gives_python_objects():

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "vastrel/Model/EMVCAPK.hpp"
@@ -8,6 +11,12 @@
 #include "vastrel/Oda/OdaCheck.hpp"
 
 namespace vastrel {
+
+// A key's verdict: Unverified when nothing failed but no checksum was published to check.
+enum class CaKeyVerdict : std::uint8_t { Passed, Failed, Unverified };
+
+// "passed", "failed", "unverified"
+[[nodiscard]] std::string_view describe(CaKeyVerdict verdict) noexcept;
 
 // The checks a CA public key must pass before a terminal may use it. A wrong byte in a
 // 2048-bit modulus passes everything but the checksum, and fails every card of that scheme.
@@ -32,6 +41,15 @@ class CaKeyCheck {
 
     // True when no check failed.
     [[nodiscard]] static bool passed(std::span<const OdaCheck> checks) noexcept;
+
+    [[nodiscard]] static CaKeyVerdict verdict(std::span<const OdaCheck> checks) noexcept;
+
+    // checkAll's checks of keys as a JSON array: [{"rid", "index", "scheme", "source",
+    // "verdict", "checks": [{"name", "ok" (null when not checked), "detail"}]}], source from
+    // names.
+    [[nodiscard]] static std::string toJson(std::span<const CaPublicKey> keys,
+                                            std::span<const std::string> names,
+                                            std::span<const std::vector<OdaCheck>> checks);
 
     // The key as the checks see it: the EMVCAPK record's hex fields read strictly; nothing
     // when one is absent or malformed.

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "vastrel/Oda/CaPublicKey.hpp"
@@ -32,6 +33,8 @@ struct CaKeyFileRead {
 class CaKeyTable {
   public:
     CaKeyTable() = default;
+    // Every key as given, several of one RID and index included.
+    explicit CaKeyTable(std::vector<CaPublicKey> keys) : keys_(std::move(keys)) {}
 
     [[nodiscard]] static const CaKeyTable& builtIn();
 

@@ -43,7 +43,9 @@ final class NativeLib {
 
     static native byte[] explainJson(byte[] data, boolean showSensitive);
 
-    static native byte[] explainSessionJson(byte[] trace, boolean showSensitive);
+    static native byte[] explainSessionJson(byte[] trace, byte[] caKeys, boolean showSensitive);
+
+    static native byte[] checkCaKeysJson(byte[] keys);
 
     /** Null when the dictionary has no name for the tag. */
     static native byte[] tagName(byte[] tag);

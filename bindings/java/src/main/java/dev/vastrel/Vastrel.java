@@ -10,11 +10,11 @@ import java.util.function.Consumer;
  */
 public final class Vastrel {
     /** The version of this binding; the native library's is {@link #nativeVersion()}. */
-    public static final String VERSION = "2.0.0";
+    public static final String VERSION = "2.1.0";
 
     private Vastrel() {}
 
-    /** The version of the loaded native library, "2.0.0"; never null. */
+    /** The version of the loaded native library, "2.1.0"; never null. */
     public static String nativeVersion() {
         return NativeLib.version();
     }
@@ -84,7 +84,31 @@ public final class Vastrel {
      * summary. A line that cannot be read is named in the object's "error". Never null.
      */
     public static String explainSessionJson(String trace, boolean showSensitive) {
-        return Utf8.string(NativeLib.explainSessionJson(Utf8.required(trace, "trace"), showSensitive));
+        return explainSessionJson(trace, null, showSensitive);
+    }
+
+    /**
+     * The same, with offline data authentication checked against the terminal's own CA public
+     * keys as well as the built-in ones: caKeys is key-file text, one key a line (rid, index,
+     * exponent, modulus, then optionally the published SHA-1, the scheme and the source;
+     * tab-separated, or blank-separated in a line without tabs), or null. The verdicts are under
+     * the summary's "oda". A key line that cannot be read throws a VastrelException whose status
+     * is MALFORMED_DATA and whose message names the line. Never null.
+     */
+    public static String explainSessionJson(String trace, String caKeys, boolean showSensitive) {
+        return Utf8.string(NativeLib.explainSessionJson(
+                Utf8.required(trace, "trace"), caKeys == null ? null : Utf8.bytes(caKeys),
+                showSensitive));
+    }
+
+    /**
+     * CA public keys (key-file text, as for explainSessionJson) checked as a terminal should
+     * before loading them: the published checksum, the modulus length, the exponent and no
+     * index given twice within a RID. A JSON array with one verdict per key: {"rid", "index",
+     * "scheme", "source", "verdict" ("passed", "failed", "unverified"), "checks"}. Never null.
+     */
+    public static String checkCaKeysJson(String keys) {
+        return Utf8.string(NativeLib.checkCaKeysJson(Utf8.required(keys, "keys")));
     }
 
     /**
