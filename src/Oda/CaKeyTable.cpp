@@ -52,7 +52,8 @@ std::optional<std::string> readKey(std::string_view line, CaPublicKey& key) {
     if (HexDecoder::decode(fields[3], key.modulus) || key.modulus.empty()) {
         return "the modulus is not hex";
     }
-    if (fields.size() > 4 && !fields[4].empty()) {
+    // "-" stands for no checksum where blanks separate the fields and a scheme follows.
+    if (fields.size() > 4 && !fields[4].empty() && fields[4] != "-") {
         if (HexDecoder::decode(fields[4], sum) || sum.size() != CaPublicKey::kChecksumLength) {
             return "the checksum is not 20 bytes of hex";
         }

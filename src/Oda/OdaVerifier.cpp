@@ -269,9 +269,11 @@ class Verification {
         if (isEcc(certificate->value, kFirstIssuerEcc, candidates.front()->modulus.size())) {
             OdaStep step;
             step.object = "issuer certificate";
+            step.fields = {{"Format", hexOf(certificate->value.first(1))}};
             step.checks = {{"algorithm", std::nullopt, "an ECC (XDA) certificate: not checked"}};
             issuerIndex_ = addStep(std::move(step), certificate->exchange);
-            problem = issuerProblem_ = "the issuer certificate is an ECC (XDA) certificate";
+            problem = issuerProblem_ =
+                "the issuer certificate is an ECC (XDA) certificate: not checked";
             return std::nullopt;
         }
         std::optional<oda::Recovered> chosen;

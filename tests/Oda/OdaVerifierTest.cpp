@@ -334,6 +334,19 @@ TEST(OdaVerifierTest, EachFaultIsCaughtAtItsCheck) {
          [](CardSession& s) { s.cdaPlain[7] = 0x40; },
          none,
          {"CDA failed: signed dynamic data: CID", "DDA passed", "SDA passed"}},
+        {"issuer certificate for XDA (ECC)", none,
+         [](CardSession& s) {
+             s.issuerCertificate = concat({{0x12}, repeat(0x5A, 60)});
+         },
+         allThree("not possible: the issuer certificate is an ECC (XDA) certificate: not checked")},
+        {"ICC certificate for XDA (ECC)",
+         none,
+         [](CardSession& s) {
+             s.iccCertificate = concat({{0x14}, repeat(0x5A, 50)});
+         },
+         {"CDA not possible: the ICC certificate is an ECC (XDA) certificate: not checked",
+          "DDA not possible: the ICC certificate is an ECC (XDA) certificate: not checked",
+          "SDA passed"}},
         {"CA key index not in the table", none, [](CardSession& s) { s.caIndex = 0x99; },
          allThree("not possible: CA key A000000003 99 is not in the key table")},
     };
