@@ -13,4 +13,9 @@ set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
 # links against code built before that.
 set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi")
 set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L /usr/arm-linux-gnueabihf)
+# The test programs run with the cross compiler's loader and C library, from /usr/arm-linux-gnueabihf.
+# libmbedtls-dev:armhf also installs Debian's libc6:armhf, of another build, in
+# /lib/arm-linux-gnueabihf; the loader would find that C library first and the two do not mix
+# (pthread_create faults), so the cross directory comes first on the library path.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm
+    -L /usr/arm-linux-gnueabihf -E LD_LIBRARY_PATH=/usr/arm-linux-gnueabihf/lib)

@@ -30,6 +30,10 @@ constexpr std::size_t kDynamicOverhead = 25;
 std::string hexOf(ByteSpan bytes) { return codec::hexUpper(bytes); }
 std::string hexOf(std::uint8_t byte) { return codec::hexUpper({&byte, 1}); }
 
+std::string byteCount(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " byte" : " bytes");
+}
+
 void field(OdaStep& step, std::string name, std::string value) {
     step.fields.push_back({std::move(name), std::move(value)});
 }
@@ -158,8 +162,8 @@ void expiry(OdaStep& step, ByteSpan mmyy, const CardContext& card) {
 std::optional<PublicKey> certifiedKey(OdaStep& step, ByteSpan leading, std::size_t keyLength,
                                       std::size_t exponentLength, Element remainder,
                                       Element exponent) {
-    field(step, "Public key length", std::to_string(keyLength) + " bytes");
-    field(step, "Exponent length", std::to_string(exponentLength) + " bytes");
+    field(step, "Public key length", byteCount(keyLength));
+    field(step, "Exponent length", byteCount(exponentLength));
     PublicKey key;
     std::string problem;
     if (keyLength <= leading.size()) {
@@ -295,7 +299,7 @@ OdaStep signedDynamicData(const PublicKey& icc, ByteSpan signature, ByteSpan ter
     const std::size_t numberLength = dynamic.empty() ? 0 : dynamic[0];
     const bool numberFits = numberLength >= 2 && numberLength <= 8 && numberLength < dynamic.size();
     check(step, "ICC dynamic number", numberFits,
-          numberFits ? std::to_string(numberLength) + " bytes"
+          numberFits ? byteCount(numberLength)
                      : "its length " + std::to_string(numberLength) +
                            " is not 2 to 8 bytes within the dynamic data");
     if (numberFits) field(step, "ICC dynamic number", hexOf(dynamic.subspan(1, numberLength)));
