@@ -124,8 +124,6 @@ void hash(OdaStep& step, const Bytes& x, std::initializer_list<ByteSpan> parts,
     check(step, "hash", ok, ok ? "recomputed hash matches" : "recomputed " + hexOf(computed));
 }
 
-int monthNumber(int yy, int mm) { return (yy < 50 ? 2000 + yy : 1900 + yy) * 12 + mm - 1; }
-
 std::string monthText(int number) {
     const int month = number % 12 + 1;
     // Built in steps: GCC 12 reports a false -Wrestrict on the chained form.
@@ -202,6 +200,8 @@ bool allPadding(ByteSpan bytes) {
 }
 
 }  // namespace
+
+int monthNumber(int yy, int mm) { return (yy < 50 ? 2000 + yy : 1900 + yy) * 12 + mm - 1; }
 
 Recovered issuerCertificate(const PublicKey& ca, ByteSpan certificate, Element remainder,
                             Element exponent, const CardContext& card) {

@@ -20,6 +20,10 @@ struct PublicKey {
     Bytes exponent;
 };
 
+// A month counted from year 0, from EMV's two-digit year (00 to 49 are 2000 to 2049, 50 to 99
+// are 1950 to 1999) and the month 1 to 12: year * 12 + month - 1.
+[[nodiscard]] int monthNumber(int yy, int mm);
+
 // What the checks compare the certificates with.
 struct CardContext {
     std::string cardNumber;               // digits; empty when the trace shows none

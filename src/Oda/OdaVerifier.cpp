@@ -167,7 +167,7 @@ std::optional<int> transactionMonth(const std::optional<Bytes>& date) {
     const auto yy = explain::smallBcdNumber(ByteSpan(*date).first(1), 99);
     const auto mm = explain::smallBcdNumber(ByteSpan(*date).subspan(1, 1), 12);
     if (!yy || !mm || *mm == 0) return std::nullopt;
-    return (*yy < 50 ? 2000 + *yy : 1900 + *yy) * 12 + *mm - 1;
+    return oda::monthNumber(*yy, *mm);
 }
 
 // An ECC certificate is not recovered: it is sent as it is, its format byte first, and its

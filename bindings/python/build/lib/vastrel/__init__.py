@@ -18,12 +18,12 @@ from ._native import lib
 __all__ = [
     "VERSION", "VastrelError", "MalformedDataError", "Tlv", "BerNode", "BerRead", "CardType",
     "CvmResult", "CardInput", "GatewayInput", "Receipt", "version", "hex_to_bytes", "hex_clean",
-    "decode", "read", "explain", "explain_session", "tag_name", "card_type", "cvm_result",
-    "cardholder_authentication_method", "enum_display_string", "receipt_emv", "receipt_msr",
-    "set_log_handler",
+    "decode", "read", "explain", "explain_session", "check_ca_keys", "tag_name", "card_type",
+    "cvm_result", "cardholder_authentication_method", "enum_display_string", "receipt_emv",
+    "receipt_msr", "set_log_handler",
 ]
 
-VERSION = "2.0.0"
+VERSION = "2.1.0"
 
 _ABSENT = 1
 _BUFFER_TOO_SMALL = -2
@@ -80,7 +80,7 @@ def _encoded(text: str, what: str) -> bytes:
 
 
 def version() -> str:
-    """The version of the loaded libvastrel.so, "2.0.0"."""
+    """The version of the loaded libvastrel.so, "2.1.0"."""
     return lib.vastrel_version().decode("ascii")
 
 
@@ -252,13 +252,31 @@ def explain(data: Data, show_sensitive: bool = False) -> Dict[str, Any]:
     return json.loads(text)
 
 
-def explain_session(trace: str, show_sensitive: bool = False) -> Dict[str, Any]:
+def explain_session(trace: str, show_sensitive: bool = False,
+                    ca_keys: Optional[str] = None) -> Dict[str, Any]:
     """The explanation of a card session given as a trace (one APDU a line) as Python objects:
     {"exchanges": [...], "summary": {...}, "error": ...}. Card data is masked unless
-    show_sensitive."""
+    show_sensitive. Offline data authentication is replayed with the built-in CA public keys
+    and those of ca_keys (key-file text, one key a line), its verdicts under
+    summary["oda"]."""
     raw = _encoded(trace, "trace")
-    text = _text(lambda out, size, length: lib.vastrel_explain_session_json(
-        raw, len(raw), 1 if show_sensitive else 0, out, size, length))
+    keys = None if ca_keys is None else _encoded(ca_keys, "ca_keys")
+    text = _text(lambda out, size, length: lib.vastrel_explain_session_json_with_keys(
+        raw, len(raw), keys, 0 if keys is None else len(keys), 1 if show_sensitive else 0,
+        out, size, length))
+    return json.loads(text)
+
+
+def check_ca_keys(keys: str) -> List[Dict[str, Any]]:
+    """CA public keys (key-file text: rid, index, exponent, modulus, then optionally the
+    published SHA-1, the scheme and the source, one key a line) checked as a terminal should
+    before loading them. One verdict per key: {"rid", "index", "scheme", "source", "verdict"
+    ("passed", "failed" or "unverified"), "checks": [{"name", "ok", "detail"}]}. A line that
+    cannot be read raises VastrelError naming its number."""
+    raw = _encoded(keys, "keys")
+    failed = ctypes.c_size_t()
+    text = _text(lambda out, size, length: lib.vastrel_ca_keys_check_json(
+        raw, len(raw), ctypes.byref(failed), out, size, length))
     return json.loads(text)
 
 
