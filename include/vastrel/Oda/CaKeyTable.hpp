@@ -40,8 +40,8 @@ class CaKeyTable {
 
     // Keys one a line, fields separated by tabs (or, in a line without tabs, by blanks): rid,
     // index, exponent, modulus, then optionally the published SHA-1 (empty or "-" when none
-    // was published), the scheme and the source. A first line starting with "rid" is a header; blank lines and
-    // lines starting with '#' are skipped. Keys read are marked Supplied.
+    // was published), the scheme and the source. A first line starting with "rid" is a header;
+    // blank lines and lines starting with '#' are skipped. Keys read are marked Supplied.
     [[nodiscard]] static CaKeyFileRead parse(std::string_view text);
 
     // Adds key; keys already held with its RID and index are replaced.
