@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -59,10 +58,7 @@ vastrel_status vastrel_ca_keys_check_json(const char* keys, size_t keys_length,
             sources.push_back("line " + std::to_string(line.line));
         }
         const auto verdicts = CaKeyCheck::checkAll(read, sources);
-        *failed_count = static_cast<std::size_t>(
-            std::ranges::count_if(verdicts, [](const std::vector<OdaCheck>& checks) {
-                return CaKeyCheck::verdict(checks) == CaKeyVerdict::Failed;
-            }));
+        *failed_count = CaKeyCheck::failures(verdicts);
         return writeText(CaKeyCheck::toJson(read, sources, verdicts), out, out_capacity,
                          out_length);
     });

@@ -174,6 +174,12 @@ CaKeyVerdict CaKeyCheck::verdict(std::span<const OdaCheck> checks) noexcept {
     return allMade ? CaKeyVerdict::Passed : CaKeyVerdict::Unverified;
 }
 
+std::size_t CaKeyCheck::failures(std::span<const std::vector<OdaCheck>> checks) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        checks,
+        [](const std::vector<OdaCheck>& key) { return verdict(key) == CaKeyVerdict::Failed; }));
+}
+
 std::string CaKeyCheck::toJson(std::span<const CaPublicKey> keys,
                                std::span<const std::string> names,
                                std::span<const std::vector<OdaCheck>> verdicts) {

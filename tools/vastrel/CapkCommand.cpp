@@ -23,7 +23,7 @@ struct CapkOptions {
 // The keys to check and where each came from: the arguments (one key each), the file, or the
 // built-in table when neither is given.
 struct NamedKey {
-    std::string source;  // "argument 2", "line 14", "built in"
+    std::string source;  // "argument 2", "line 14", "built-in key 3"
     CaPublicKey key;
 };
 
@@ -71,13 +71,13 @@ CommandOutput runCapk(const CapkOptions& options, const CommandContext& context)
     }
     const auto verdicts = CaKeyCheck::checkAll(keys, sources);
     CommandOutput output;
-    std::size_t failed = 0;
-    for (std::size_t i = 0; i < named.size(); ++i) {
-        if (CaKeyCheck::verdict(verdicts[i]) == CaKeyVerdict::Failed) ++failed;
-        if (!options.json) output.text += keyText(named[i], verdicts[i]);
+    if (options.json) {
+        output.text = CaKeyCheck::toJson(keys, sources, verdicts);
+    } else {
+        for (std::size_t i = 0; i < named.size(); ++i)
+            output.text += keyText(named[i], verdicts[i]);
     }
-    if (options.json) output.text = CaKeyCheck::toJson(keys, sources, verdicts);
-    if (failed > 0) {
+    if (const std::size_t failed = CaKeyCheck::failures(verdicts); failed > 0) {
         output.error =
             std::to_string(failed) + " of " + std::to_string(named.size()) + " keys failed";
     }

@@ -44,6 +44,9 @@ class CaKeyCheck {
 
     [[nodiscard]] static CaKeyVerdict verdict(std::span<const OdaCheck> checks) noexcept;
 
+    // How many of checkAll's keys failed.
+    [[nodiscard]] static std::size_t failures(std::span<const std::vector<OdaCheck>> checks);
+
     // checkAll's checks of keys as a JSON array: [{"rid", "index", "scheme", "source",
     // "verdict", "checks": [{"name", "ok" (null when not checked), "detail"}]}], source from
     // names.
