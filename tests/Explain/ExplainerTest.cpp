@@ -71,6 +71,9 @@ TEST(ExplainerTest, StatusWordMeanings) {
         {0x6C00, "checking error: wrong Le field, 0 bytes available"},
         {0x6100, "normal processing, 0 more bytes available (GET RESPONSE)"},
         {0x6000, "not a status word ISO 7816-4 defines"},
+        // Tries left only in 63Cx: another 63xx, or Cx under another SW1, is not a count.
+        {0x6300, "warning: no information given, state of non-volatile memory changed"},
+        {0x6AC2, "checking error: wrong parameters P1-P2"},
     };
     for (const auto& [word, meaning] : kWords) {
         EXPECT_EQ(StatusWord::meaning(word >> 8, word & 0xFF), meaning) << std::hex << word;
@@ -206,6 +209,13 @@ TEST(ExplainerTest, JsonHasTheDocumentedShape) {
     EXPECT_EQ(failed["error"],
               nlohmann::ordered_json::parse(R"({"offset": 0, "reason": "length past the end"})"));
     EXPECT_EQ(failed["elements"], nlohmann::ordered_json::array());
+    // A tag of several kernels without an AID: its candidates are its meaning.
+    const auto candidates =
+        nlohmann::ordered_json::parse(Explainer::toJson(explainHex("9F70020000")));
+    EXPECT_EQ(candidates["elements"][0]["meaning"],
+              nlohmann::ordered_json::array({"No AID says which kernel: Mastercard: Protected Data "
+                                             "Envelope 1; American Express: Card Interface and "
+                                             "Payment Capabilities"}));
     // Templates that end with the data are closed too.
     const auto lastInTemplates =
         nlohmann::ordered_json::parse(Explainer::toJson(explainHex("77 06 70 04 9F27 01 80")));

@@ -294,6 +294,20 @@ TEST(SessionExplainerTest, PinOfAnotherQualifierIsNamedByIt) {
               std::vector<std::string>{"PIN qualifier 01 (data masked)"});
 }
 
+// 6Cxx pairs with the command sent again with that Le; --show-sensitive shows a PIN block.
+TEST(SessionExplainerTest, WrongLeIsPairedWithTheResentCommand) {
+    const std::string trace =
+        ">> 00B2010C00\n<< 6C1A\n>> 00B2010C1A\n<< 9000\n>> 00200080022412\n<< 9000\n";
+    const SessionExplanation session = SessionExplainer::explain(ApduTrace::read(trace));
+    EXPECT_EQ(session.exchanges[1].notes,
+              std::vector<std::string>{
+                  "Sends exchange 1's command again with the Le that 6C1A asked for"});
+    ExplainOptions shown;
+    shown.showSensitive = true;
+    EXPECT_EQ(SessionExplainer::explain(ApduTrace::read(trace), shown).exchanges[2].command->hex,
+              "00200080022412");
+}
+
 TEST(SessionExplainerTest, LabelIsShownAsPrintableText) {
     const SessionExplanation session = SessionExplainer::explain(ApduTrace::read(
         ">> 00A4040007A000000003101000\n<< 6F128407A0000000031010A507500556491B53419000\n"));
