@@ -160,14 +160,14 @@ void explainCommandData(const CommandApdu& apdu, ExplainedCommand& command, Sess
                        std::to_string(DataObjectList::totalLength(**dol));
     }
     for (const DolField& field : fields) {
-        const Bytes value(field.value.begin(), field.value.end());
-        if (field.tag == kTransactionDate) state.oda.transactionDate = value;
+        const auto value = [&field] { return Bytes(field.value.begin(), field.value.end()); };
+        if (field.tag == kTransactionDate) state.oda.transactionDate = value();
         if (apdu.command != EmvCommand::GenerateAc) continue;
         if (field.tag == kUnpredictableNumber && !state.oda.generateAcs.empty()) {
-            state.oda.generateAcs.back().unpredictableNumber = value;
+            state.oda.generateAcs.back().unpredictableNumber = value();
         }
         if (field.tag != kTvr) continue;
-        state.oda.terminalVerificationResults = value;
+        state.oda.terminalVerificationResults = value();
         summary.terminalVerificationResults = FieldDecoders::decode(kTvr, field.value);
         if (summary.terminalVerificationResults.empty()) {
             summary.terminalVerificationResults.push_back("No finding: every bit is clear");
@@ -204,14 +204,14 @@ ExplainedCommand explainCommand(const CommandApdu& apdu, std::span<const std::ui
     command.name = std::string(apdu.name());
     command.header = headerOf(apdu);
     command.parameters = apdu.parameters();
-    const Bytes data(apdu.data.begin(), apdu.data.end());
     if (apdu.command == EmvCommand::GenerateAc) {
         OdaGenerateAc& generateAc = state.oda.generateAcs.emplace_back();
-        generateAc.commandData = data;
+        generateAc.commandData.assign(apdu.data.begin(), apdu.data.end());
         generateAc.cdaRequested = (apdu.p1 & kCdaRequested) != 0;
     }
     if (apdu.command == EmvCommand::InternalAuthenticate) {
-        state.oda.internalAuthenticate = OdaInternalAuthenticate{data, {}};
+        state.oda.internalAuthenticate =
+            OdaInternalAuthenticate{Bytes(apdu.data.begin(), apdu.data.end()), {}};
     }
     explainCommandData(apdu, command, state, summary, options);
     command.hex = shownCommandHex(apdu, bytes, command, state, options);
@@ -243,8 +243,6 @@ std::optional<std::vector<DolEntry>> dolIn(const std::vector<BerNode>& nodes, st
     return DataObjectList::parse(node->value);
 }
 
-// What a response teaches the session: the application selected, its DOLs, the card number,
-// the cryptogram returned, the PIN's fate.
 // What offline data authentication needs of a response that completed its command.
 void keepForOda(std::span<const std::uint8_t> data, const CommandApdu& apdu, SessionState& state) {
     const OdaResponse response{Bytes(data.begin(), data.end()), state.exchange};
@@ -267,6 +265,8 @@ void keepForOda(std::span<const std::uint8_t> data, const CommandApdu& apdu, Ses
     }
 }
 
+// What a response teaches the session: the application selected, its DOLs, the card number,
+// the cryptogram returned, the PIN's fate, and what offline data authentication needs.
 void learnFrom(std::span<const std::uint8_t> data, const std::vector<BerNode>& nodes,
                std::uint8_t sw1, std::uint8_t sw2, const CommandApdu* apdu, SessionState& state,
                SessionSummary& summary, const ExplainOptions& options) {
