@@ -302,6 +302,10 @@ TEST(SessionExplainerTest, WrongLeIsPairedWithTheResentCommand) {
     EXPECT_EQ(session.exchanges[1].notes,
               std::vector<std::string>{
                   "Sends exchange 1's command again with the Le that 6C1A asked for"});
+    // GET PROCESSING OPTIONS data that is no command template is said to be so.
+    const SessionExplanation gpo =
+        SessionExplainer::explain(ApduTrace::read(">> 80A80000024F0000\n<< 6985\n"));
+    EXPECT_EQ(gpo.exchanges[0].command->note, "The data is not a command template (83)");
     ExplainOptions shown;
     shown.showSensitive = true;
     EXPECT_EQ(SessionExplainer::explain(ApduTrace::read(trace), shown).exchanges[2].command->hex,

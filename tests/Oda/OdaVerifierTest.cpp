@@ -2,6 +2,7 @@
 // card keys: a valid session passes SDA, DDA and CDA, and every fault is caught at its check.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -362,6 +363,20 @@ TEST(OdaVerifierTest, EachFaultIsCaughtAtItsCheck) {
 
 // Under another key the certificate reads as noise, or (as here) is not even below the key's
 // modulus.
+TEST(OdaVerifierTest, IssuerIdentifierOfFewerThanThreeDigitsIsRefused) {
+    CardSession s = plainSession();
+    s.issuerPlain[3] = 0xFF;  // "47" then padding
+    seal(s.issuerPlain, {slice(pki().issuer.modulus(), 92, 20), pki().issuer.exponent()});
+    sign(s);
+    const OdaStep issuer = explainSession(s, tableWith(pki().ca)).summary.oda.steps.front();
+    const auto check =
+        std::find_if(issuer.checks.begin(), issuer.checks.end(),
+                     [](const OdaCheck& c) { return c.name == "issuer identifier"; });
+    ASSERT_NE(check, issuer.checks.end());
+    EXPECT_EQ(*check, (OdaCheck{"issuer identifier", false, "not 3 to 8 digits padded with F"}));
+    EXPECT_EQ(issuer.firstFailure(), "issuer certificate: issuer identifier");
+}
+
 TEST(OdaVerifierTest, WrongCaKeyFailsTheRecoveryAndSaysTheKeyIsUnverified) {
     CardSession s = plainSession();
     sign(s);
@@ -428,6 +443,9 @@ TEST(OdaVerifierTest, WithoutTheMethodsDataEachIsNotPossible) {
               std::vector<std::string>{
                   "none not possible: the AIP names no method of offline data authentication"});
     EXPECT_TRUE(OdaVerifier::verify(OdaInput{}, CaKeyTable()).methods.empty());
+    // An AIP of one byte says nothing of the methods.
+    input.processingOptions = OdaResponse{tlv("77", tlv("82", bytes("41"))), 1};
+    EXPECT_TRUE(OdaVerifier::verify(input, CaKeyTable()).methods.empty());
 }
 
 }  // namespace
