@@ -9,8 +9,9 @@
 #include <string>
 
 #include "Oda/TestPki.hpp"
+#include "support/HexBytes.hpp"
 #include "support/TestSupport.hpp"
-#include "vastrel/Codec/HexDecoder.hpp"
+#include "vastrel/Codec/TLVUtility.hpp"
 #include "vastrel/Explain/ApduTrace.hpp"
 #include "vastrel/Explain/SessionExplainer.hpp"
 #include "vastrel/Oda/OdaVerifier.hpp"
@@ -22,11 +23,7 @@ using testing::concat;
 using testing::RsaKeyPair;
 using testing::sha1Of;
 
-Bytes bytes(std::string_view hex) {
-    Bytes out;
-    EXPECT_FALSE(HexDecoder::decode(hex, out)) << hex;
-    return out;
-}
+Bytes bytes(std::string_view hex) { return testing::bytesOf(hex); }
 
 Bytes repeat(std::uint8_t byte, std::size_t count) { return Bytes(count, byte); }
 
@@ -147,15 +144,7 @@ void sign(CardSession& s) {
     s.cdaSignature = keys.icc.sign(s.cdaPlain);
 }
 
-std::string hexOf(const Bytes& data) {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string out;
-    for (const std::uint8_t b : data) {
-        out += kDigits[b >> 4];
-        out += kDigits[b & 0x0F];
-    }
-    return out;
-}
+std::string hexOf(const Bytes& data) { return TLVUtility::dataToHexString(data); }
 
 std::string traceOf(const CardSession& s) {
     const Pki& keys = pki();
