@@ -412,9 +412,7 @@ void authorisationResponseCode(Value value, Findings& out) {
             return;
         }
     }
-    const bool printable =
-        std::all_of(code.begin(), code.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
-    if (!printable) {
+    if (!std::all_of(value.begin(), value.end(), printable)) {
         out.push_back(hex(value) + " is not two characters");
     } else if (code == "00") {
         out.push_back("\"00\": approved by the issuer");

@@ -45,8 +45,7 @@ const KnownCommand* knownCommand(std::uint8_t ins) {
 std::string hexByte(std::uint8_t byte) { return explain::hex({&byte, 1}); }
 
 bool isText(std::span<const std::uint8_t> data) {
-    return !data.empty() && std::all_of(data.begin(), data.end(),
-                                        [](std::uint8_t b) { return b >= 0x20 && b < 0x7F; });
+    return !data.empty() && std::all_of(data.begin(), data.end(), explain::printable);
 }
 
 std::vector<std::string> selectParameters(const CommandApdu& apdu) {

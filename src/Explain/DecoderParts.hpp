@@ -30,6 +30,12 @@ inline std::string hex(Value value) { return codec::hexUpper(value); }
 // A tag number as the hex of its bytes: 0x9F26 as "9F26", 0x5A as "5A".
 std::string tagHex(std::uint32_t tag);
 
+// Printable ASCII, which text shows as it is.
+inline bool printable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
+
+// The bytes as text: printable ASCII as it is, anything else as '.'.
+std::string printableText(Value value);
+
 // The BCD digits of value; empty when a nibble is not a digit.
 std::string bcdDigits(Value value);
 

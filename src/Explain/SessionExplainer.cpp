@@ -51,7 +51,6 @@ struct SessionState {
     std::optional<std::vector<DolEntry>> cdol2;
     std::optional<std::vector<DolEntry>> ddol;
     std::optional<std::uint16_t> currency;
-    std::size_t generateAcCount = 0;
     bool sawProcessingOptions = false;
     CardInterface cardInterface = CardInterface::NotShown;
     std::optional<std::uint8_t> kernelId;  // 9F2A in the FCI
@@ -108,15 +107,18 @@ std::vector<ExplainedElement> dolElements(const std::vector<DolField>& fields,
     return elements;
 }
 
-// The DOL that lays out the data of command, if the session has shown it.
-const std::optional<std::vector<DolEntry>>* dolFor(const CommandApdu& apdu, SessionState& state,
+// The DOL that lays out the data of command, if the session has shown it. The first
+// GENERATE AC of the session, already counted in state, is laid out by CDOL1, later ones by
+// CDOL2.
+const std::optional<std::vector<DolEntry>>* dolFor(const CommandApdu& apdu,
+                                                   const SessionState& state,
                                                    std::string_view& dolName) {
     switch (apdu.command) {
         case EmvCommand::GetProcessingOptions:
             dolName = "PDOL (9F38)";
             return &state.pdol;
         case EmvCommand::GenerateAc:
-            if (state.generateAcCount++ == 0) {
+            if (state.oda.generateAcs.size() <= 1) {
                 dolName = "CDOL1 (8C)";
                 return &state.cdol1;
             }
@@ -284,11 +286,7 @@ void learnFrom(std::span<const std::uint8_t> data, const std::vector<BerNode>& n
             state.application = explain::describeAid(aid);
         }
         if (const BerNode* label = firstPrimitive(nodes, kLabel); label != nullptr && !directory) {
-            // Shown as text: anything but printable ASCII as '.'.
-            std::string text(label->value.begin(), label->value.end());
-            std::replace_if(
-                text.begin(), text.end(), [](char c) { return c < 0x20 || c > 0x7E; }, '.');
-            state.label = std::move(text);
+            state.label = explain::printableText(label->value);
         }
     }
     if (const BerNode* kernel = firstPrimitive(nodes, kKernelIdentifier);

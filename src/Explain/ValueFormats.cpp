@@ -60,8 +60,6 @@ void amount(const std::string& digits, const DecodeContext& context, Findings& o
     out.push_back(withExponent(digits, exponent) + currency);
 }
 
-bool printable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
-
 // The card number masked as card data in 5A is, unless shown in full.
 constexpr std::uint32_t kCardNumberTag = 0x5A;
 
@@ -187,12 +185,14 @@ void languages(Value value, Findings& out) {
     }
 }
 
-void text(Value value, Findings& out) {
-    std::string shown = "\"";
+std::string printableText(Value value) {
+    std::string shown;
     for (const auto byte : value)
         shown.push_back(printable(byte) ? static_cast<char>(byte) : '.');
-    out.push_back(shown + "\"");
+    return shown;
 }
+
+void text(Value value, Findings& out) { out.push_back("\"" + printableText(value) + "\""); }
 
 void applicationId(Value value, Findings& out) {
     if (value.size() < ApplicationIdentifier::kRidLength) {
