@@ -192,8 +192,9 @@ std::string shownCommandHex(const CommandApdu& apdu, std::span<const std::uint8_
     } else if (!command.dol.empty() && apdu.command != EmvCommand::GetProcessingOptions) {
         for (const ExplainedElement& field : command.dol)
             data += field.value;
-    } else if (!BerReader::read(apdu.data).error) {
-        data = CardDataPolicy::maskedTlvHex(hex(apdu.data), state.scheme);
+    } else if (const BerReadResult read = BerReader::read(apdu.data); !read.error) {
+        data = hex(apdu.data);
+        CardDataPolicy::maskTlvHex(apdu.data, read, state.scheme, data);
     }
     shown.replace(kDataStart, data.size(), data);
     return shown;
@@ -351,10 +352,11 @@ ExplainedResponse explainResponse(const TraceApdu& response, const CommandApdu* 
     const std::uint8_t sw1 = bytes[bytes.size() - 2];
     const std::uint8_t sw2 = bytes[bytes.size() - 1];
     const auto data = std::span<const std::uint8_t>(bytes).first(bytes.size() - 2);
+    const BerReadResult read = BerReader::read(data);
     explained.hex = hex(bytes);
     if (!options.showSensitive) {
-        const std::string masked = CardDataPolicy::maskedTlvHex(hex(data), state.scheme);
-        explained.hex.replace(0, masked.size(), masked);
+        CardDataPolicy::maskTlvHex(data, read, state.scheme,
+                                   std::span<char>(explained.hex).first(2 * data.size()));
     }
     ExplainOptions responseOptions = options;
     responseOptions.scheme = state.scheme;
@@ -367,7 +369,6 @@ ExplainedResponse explainResponse(const TraceApdu& response, const CommandApdu* 
     if (apdu != nullptr && apdu->command == EmvCommand::GetResponse && state.awaitingResponse) {
         answered = &*state.awaitingResponse;
     }
-    const BerReadResult read = BerReader::read(data);
     learnFrom(data, read.nodes, sw1, sw2, answered, state, summary, options);
     state.awaitingResponse.reset();
     if (sw1 == 0x61 && answered != nullptr) state.awaitingResponse = *answered;

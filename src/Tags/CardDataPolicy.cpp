@@ -84,15 +84,18 @@ std::string CardDataPolicy::maskedTlvHex(std::string_view hex, PaymentScheme sch
         star(masked);
         return masked;
     }
-    const BerReadResult read = BerReader::read(data);
+    maskTlvHex(data, BerReader::read(data), scheme, masked);
+    return masked;
+}
+
+void CardDataPolicy::maskTlvHex(std::span<const std::uint8_t> data, const BerReadResult& read,
+                                PaymentScheme scheme, std::span<char> hex) noexcept {
     for (const BerNode& node : read.nodes) {
         if (node.constructed) continue;
         const auto offset = static_cast<std::size_t>(node.value.data() - data.data());
-        maskValue(node.tagNumber(), scheme,
-                  std::span<char>(masked).subspan(2 * offset, 2 * node.value.size()));
+        maskValue(node.tagNumber(), scheme, hex.subspan(2 * offset, 2 * node.value.size()));
     }
-    if (read.error) star(std::span<char>(masked).subspan(2 * read.error->offset));
-    return masked;
+    if (read.error) star(hex.subspan(2 * read.error->offset));
 }
 
 std::string CardDataPolicy::maskedValueHex(std::string_view tagHex, PaymentScheme scheme,

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Tags/PaymentScheme.hpp"
 
 namespace vastrel {
@@ -49,6 +50,11 @@ class CardDataPolicy {
     // data is read strictly; what cannot be read (bad hex, or the bytes from a fault on) is
     // masked whole, since it may hold anything.
     [[nodiscard]] static std::string maskedTlvHex(std::string_view hex, PaymentScheme scheme);
+
+    // The same in place, for a caller that already holds data, its strict read and its hex
+    // (two digits a byte of data): nothing is decoded or read again.
+    static void maskTlvHex(std::span<const std::uint8_t> data, const BerReadResult& read,
+                           PaymentScheme scheme, std::span<char> hex) noexcept;
 
     // An element's value (hex) as it may be shown: masked by its row when tagHex is card
     // data, with the card data inside it masked when tagHex is a template, else unchanged.
