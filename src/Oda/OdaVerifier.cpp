@@ -52,6 +52,7 @@ class CardElements {
         for (const OdaRecord& record : input.records)
             add(record.response);
         if (input.processingOptions) add(*input.processingOptions);
+        hasProcessingOptions_ = input.processingOptions.has_value();
     }
 
     [[nodiscard]] std::optional<Located> find(std::uint32_t tag) const {
@@ -77,11 +78,22 @@ class CardElements {
         return {};
     }
 
+    // The read of input.records[index].
+    [[nodiscard]] const BerReadResult& recordRead(std::size_t index) const {
+        return reads_[index].first;
+    }
+
+    // The read of the GET PROCESSING OPTIONS response; nullptr when the trace has none.
+    [[nodiscard]] const BerReadResult* processingOptionsRead() const {
+        return hasProcessingOptions_ ? &reads_.back().first : nullptr;
+    }
+
   private:
     void add(const OdaResponse& response) {
         reads_.emplace_back(BerReader::read(response.data), response.exchange);
     }
     std::vector<std::pair<BerReadResult, std::size_t>> reads_;
+    bool hasProcessingOptions_ = false;
 };
 
 // The AIP and AFL of the GET PROCESSING OPTIONS response, in format 1 (80: AIP then AFL) or
@@ -91,14 +103,12 @@ struct ProcessingOptions {
     Element afl;
 };
 
-ProcessingOptions processingOptionsOf(const OdaInput& input, const CardElements& card) {
-    if (input.processingOptions) {
-        const BerReadResult read = BerReader::read(input.processingOptions->data);
-        if (!read.nodes.empty() && read.nodes.front().tagNumber() == kFormat1 &&
-            read.nodes.front().value.size() >= 2) {
-            const ByteSpan value = read.nodes.front().value;
-            return {value.first(2), value.subspan(2)};
-        }
+ProcessingOptions processingOptionsOf(const CardElements& card) {
+    if (const BerReadResult* read = card.processingOptionsRead();
+        read != nullptr && !read->nodes.empty() && read->nodes.front().tagNumber() == kFormat1 &&
+        read->nodes.front().value.size() >= 2) {
+        const ByteSpan value = read->nodes.front().value;
+        return {value.first(2), value.subspan(2)};
     }
     return {card.value(kAip), card.value(kAfl)};
 }
@@ -111,11 +121,12 @@ struct StaticData {
     std::string problem;  // why it cannot be built; empty when it could
 };
 
-const OdaRecord* recordOf(const OdaInput& input, std::uint8_t sfi, std::uint8_t number) {
-    for (const OdaRecord& record : input.records) {
-        if (record.sfi == sfi && record.number == number) return &record;
+// The index in input.records of the record read first from sfi under number.
+std::optional<std::size_t> recordOf(const OdaInput& input, std::uint8_t sfi, std::uint8_t number) {
+    for (std::size_t i = 0; i < input.records.size(); ++i) {
+        if (input.records[i].sfi == sfi && input.records[i].number == number) return i;
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 StaticData staticDataOf(const OdaInput& input, const ProcessingOptions& options,
@@ -130,17 +141,17 @@ StaticData staticDataOf(const OdaInput& input, const ProcessingOptions& options,
         for (unsigned number = entry[1]; number < entry[1] + entry[3] && number <= 0xFF; ++number) {
             const std::string name =
                 "SFI " + std::to_string(sfi) + " record " + std::to_string(number);
-            const OdaRecord* record = recordOf(input, sfi, static_cast<std::uint8_t>(number));
-            if (record == nullptr) {
+            const auto record = recordOf(input, sfi, static_cast<std::uint8_t>(number));
+            if (!record) {
                 missing += (missing.empty() ? "" : ", ") + name;
                 continue;
             }
-            const Bytes& bytes = record->response.data;
+            const Bytes& bytes = input.records[*record].response.data;
             if (sfi > kLastSfiOfTemplateRecords) {
                 data.bytes.insert(data.bytes.end(), bytes.begin(), bytes.end());
                 continue;
             }
-            const BerReadResult read = BerReader::read(bytes);
+            const BerReadResult& read = card.recordRead(*record);
             const bool onlyTemplate =
                 !read.nodes.empty() && read.nodes.front().tagNumber() == kRecordTemplate &&
                 read.nodes.front().value.data() + read.nodes.front().value.size() ==
@@ -195,7 +206,7 @@ OdaCheck caKeyCheck(const CaPublicKey& key) {
 class Verification {
   public:
     Verification(const OdaInput& input, const CaKeyTable& keys)
-        : input_(input), keys_(keys), card_(input), options_(processingOptionsOf(input, card_)) {
+        : input_(input), keys_(keys), card_(input), options_(processingOptionsOf(card_)) {
         context_.cardNumber = card_.cardNumber();
         context_.transactionMonth = transactionMonth(input.transactionDate);
         context_.showSensitive = input.showSensitive;
