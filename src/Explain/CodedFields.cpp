@@ -140,8 +140,6 @@ void cvmRule(Value rule, Findings& out, std::string_view label) {
     out.push_back(std::move(line));
 }
 
-std::string byteHex(std::uint8_t byte) { return hex(Value(&byte, 1)); }
-
 // Issuer application data: each layout is told by its length and its format byte.
 void commonCoreDefinitions(Value value, Findings& out) {
     out.push_back("Layout: EMV Common Core Definitions, format A, cryptogram version " +
@@ -149,14 +147,14 @@ void commonCoreDefinitions(Value value, Findings& out) {
                   ((value[1] & 0x0F) == 5   ? " (Triple DES)"
                    : (value[1] & 0x0F) == 6 ? " (AES)"
                                             : ""));
-    out.push_back("Derivation key index: " + byteHex(value[2]));
+    out.push_back("Derivation key index: " + hex(value[2]));
     out.push_back("Card verification results: " + hex(value.subspan(3, 5)));
     out.push_back("Issuer discretionary data: " + hex(value.subspan(16)));
 }
 
 void visaFormat2(Value value, Findings& out) {
-    out.push_back("Layout: Visa format 2, cryptogram version number " + byteHex(value[1]));
-    out.push_back("Derivation key index: " + byteHex(value[2]));
+    out.push_back("Layout: Visa format 2, cryptogram version number " + hex(value[1]));
+    out.push_back("Derivation key index: " + hex(value[2]));
     out.push_back("Card verification results: " + hex(value.subspan(3, 5)));
     out.push_back("Issuer discretionary data: " + hex(value.subspan(8)));
 }
@@ -231,12 +229,12 @@ void visaCardVerificationResults(Value cvr, Findings& out) {
 }
 
 void visaFormat013(Value value, Findings& out) {
-    out.push_back("Layout: Visa format 0, 1 or 3, cryptogram version number " + byteHex(value[2]) +
+    out.push_back("Layout: Visa format 0, 1 or 3, cryptogram version number " + hex(value[2]) +
                   (value[2] == 0x0A   ? " (CVN 10)"
                    : value[2] == 0x11 ? " (CVN 17)"
                    : value[2] == 0x12 ? " (CVN 18)"
                                       : ""));
-    out.push_back("Derivation key index: " + byteHex(value[1]));
+    out.push_back("Derivation key index: " + hex(value[1]));
     out.push_back("Card verification results: " + hex(value.subspan(3, 4)));
     visaCardVerificationResults(value.subspan(3, 4), out);
     if (value.size() > 7) out.push_back("Issuer discretionary data: " + hex(value.subspan(7)));
@@ -300,15 +298,15 @@ void mchipCardVerificationResults(Value cvr, Findings& out) {
             std::string finding = "CVR: byte ";
             finding += std::to_string(i + 1);
             finding += " bits not read here: ";
-            finding += byteHex(static_cast<std::uint8_t>(cvr[i] & kNotRead[i]));
+            finding += hex(static_cast<std::uint8_t>(cvr[i] & kNotRead[i]));
             out.push_back(std::move(finding));
         }
     }
 }
 
 void mastercardMChip(Value value, Findings& out) {
-    out.push_back("Layout: Mastercard M/Chip, cryptogram version number " + byteHex(value[1]));
-    out.push_back("Derivation key index: " + byteHex(value[0]));
+    out.push_back("Layout: Mastercard M/Chip, cryptogram version number " + hex(value[1]));
+    out.push_back("Derivation key index: " + hex(value[0]));
     out.push_back("Card verification results: " + hex(value.subspan(2, 6)));
     mchipCardVerificationResults(value.subspan(2, 6), out);
     out.push_back("DAC or ICC dynamic number: " + hex(value.subspan(8, 2)));
@@ -389,7 +387,7 @@ void issuerApplicationData(Value value, PaymentScheme scheme, Findings& out) {
         std::string finding = "Layout not recognised: " + std::to_string(size) + " bytes";
         if (size > 0) {
             finding += ", first byte ";
-            finding += byteHex(value[0]);
+            finding += hex(value[0]);
         }
         out.push_back(std::move(finding));
     }
@@ -431,10 +429,9 @@ void issuerScriptCommand(Value value, Findings& out) {
             "length");
         return;
     }
-    out.push_back(std::string(apdu->name()) + ": CLA " + hex({&apdu->cla, 1}) + ", INS " +
-                  hex({&apdu->ins, 1}) + ", P1 " + hex({&apdu->p1, 1}) + ", P2 " +
-                  hex({&apdu->p2, 1}) + ", " + std::to_string(apdu->data.size()) +
-                  " bytes of data");
+    out.push_back(std::string(apdu->name()) + ": CLA " + hex(apdu->cla) + ", INS " +
+                  hex(apdu->ins) + ", P1 " + hex(apdu->p1) + ", P2 " + hex(apdu->p2) + ", " +
+                  std::to_string(apdu->data.size()) + " bytes of data");
     for (const auto& parameter : apdu->parameters())
         out.push_back(parameter);
 }

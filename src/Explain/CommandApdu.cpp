@@ -42,8 +42,6 @@ const KnownCommand* knownCommand(std::uint8_t ins) {
     return found == kCommands.end() ? nullptr : found;
 }
 
-std::string hexByte(std::uint8_t byte) { return explain::hex({&byte, 1}); }
-
 bool isText(std::span<const std::uint8_t> data) {
     return !data.empty() && std::all_of(data.begin(), data.end(), explain::printable);
 }
@@ -52,7 +50,7 @@ std::vector<std::string> selectParameters(const CommandApdu& apdu) {
     std::vector<std::string> words;
     if (apdu.p1 != 0x04) {
         std::string word = "Select by P1 ";
-        word += hexByte(apdu.p1);
+        word += explain::hex(apdu.p1);
         word += " (not by name)";
         words.push_back(word);
         return words;
@@ -125,7 +123,7 @@ std::vector<std::string> CommandApdu::parameters() const {
         case EmvCommand::Verify:
             if (p2 == 0x80) return {"Plaintext PIN (PIN block masked)"};
             if (p2 == 0x88) return {"Enciphered PIN (PIN block masked)"};
-            return {"PIN qualifier " + hexByte(p2) + " (data masked)"};
+            return {"PIN qualifier " + explain::hex(p2) + " (data masked)"};
         default:
             return {};
     }

@@ -26,6 +26,7 @@ bool requireLength(Value value, std::size_t expected, Findings& out);
 
 // Two hex digits per byte, upper case.
 inline std::string hex(Value value) { return codec::hexUpper(value); }
+inline std::string hex(std::uint8_t byte) { return codec::hexUpper({&byte, 1}); }
 
 // A tag number as the hex of its bytes: 0x9F26 as "9F26", 0x5A as "5A".
 std::string tagHex(std::uint32_t tag);

@@ -62,7 +62,7 @@ struct SessionState {
 
 std::string headerOf(const CommandApdu& apdu) {
     const auto byte = [](std::string_view name, std::uint8_t value) {
-        return std::string(name) + " " + hex({&value, 1});
+        return std::string(name) + " " + hex(value);
     };
     std::string header = byte("CLA", apdu.cla) + "  " + byte("INS", apdu.ins) + "  " +
                          byte("P1", apdu.p1) + "  " + byte("P2", apdu.p2);
@@ -331,7 +331,7 @@ void learnFrom(std::span<const std::uint8_t> data, const std::vector<BerNode>& n
     if (apdu->command == EmvCommand::Verify) {
         const std::string form = apdu->p2 == 0x80   ? "Plaintext PIN"
                                  : apdu->p2 == 0x88 ? "Enciphered PIN"
-                                                    : "PIN (qualifier " + hex({&apdu->p2, 1}) + ")";
+                                                    : "PIN (qualifier " + hex(apdu->p2) + ")";
         summary.verification.push_back(form + ": " +
                                        (ok ? "verified" : statusMeaning(sw1, sw2, apdu)));
     }
@@ -387,11 +387,11 @@ void notePairing(std::vector<ExplainedExchange>& exchanges, const std::optional<
     if (sw1 == 0x61 && apdu->command == EmvCommand::GetResponse) {
         exchanges.back().notes.push_back("Fetches the " + std::to_string(sw2) +
                                          " bytes that exchange " + std::to_string(before) +
-                                         " announced (61" + hex({&sw2, 1}) + ")");
+                                         " announced (61" + hex(sw2) + ")");
     }
     if (sw1 == 0x6C && previous->command && apdu->le == sw2) {
         exchanges.back().notes.push_back("Sends exchange " + std::to_string(before) +
-                                         "'s command again with the Le that 6C" + hex({&sw2, 1}) +
+                                         "'s command again with the Le that 6C" + hex(sw2) +
                                          " asked for");
     }
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Codec/HexEncode.hpp"
+#include "Explain/DecoderParts.hpp"
 #include "vastrel/Tags/CardDataPolicy.hpp"
 
 namespace vastrel::oda {
@@ -27,8 +27,7 @@ constexpr std::size_t kIccOverhead = 42;
 constexpr std::size_t kStaticOverhead = 26;
 constexpr std::size_t kDynamicOverhead = 25;
 
-std::string hexOf(ByteSpan bytes) { return codec::hexUpper(bytes); }
-std::string hexOf(std::uint8_t byte) { return codec::hexUpper({&byte, 1}); }
+using explain::hex;
 
 std::string byteCount(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " byte" : " bytes");
@@ -81,24 +80,23 @@ std::optional<Bytes> open(const PublicKey& key, ByteSpan object, std::uint8_t fo
         return std::nullopt;
     }
     const Bytes& x = *recovered;
-    field(step, "Header", hexOf(x.front()));
-    field(step, "Format", hexOf(x[1]));
-    field(step, "Trailer", hexOf(x.back()));
-    check(step, "header", x.front() == kHeader, hexOf(x.front()) + ", expected 6A");
-    check(step, "trailer", x.back() == kTrailer, hexOf(x.back()) + ", expected BC");
+    field(step, "Header", hex(x.front()));
+    field(step, "Format", hex(x[1]));
+    field(step, "Trailer", hex(x.back()));
+    check(step, "header", x.front() == kHeader, hex(x.front()) + ", expected 6A");
+    check(step, "trailer", x.back() == kTrailer, hex(x.back()) + ", expected BC");
     if (x.front() != kHeader || x.back() != kTrailer) return std::nullopt;
-    check(step, "format", x[1] == format, hexOf(x[1]) + ", expected " + hexOf(format));
+    check(step, "format", x[1] == format, hex(x[1]) + ", expected " + hex(format));
     return recovered;
 }
 
 void algorithms(OdaStep& step, std::uint8_t hash, std::optional<std::uint8_t> key) {
-    field(step, "Hash algorithm", hexOf(hash) + (hash == kSha1 ? " (SHA-1)" : ""));
-    check(step, "hash algorithm", hash == kSha1,
-          hexOf(hash) + (hash == kSha1 ? "" : ": not SHA-1"));
+    field(step, "Hash algorithm", hex(hash) + (hash == kSha1 ? " (SHA-1)" : ""));
+    check(step, "hash algorithm", hash == kSha1, hex(hash) + (hash == kSha1 ? "" : ": not SHA-1"));
     if (!key) return;
-    field(step, "Public key algorithm", hexOf(*key) + (*key == kRsa ? " (RSA)" : ""));
+    field(step, "Public key algorithm", hex(*key) + (*key == kRsa ? " (RSA)" : ""));
     check(step, "public key algorithm", *key == kRsa,
-          hexOf(*key) + (*key == kRsa ? "" : ": not RSA"));
+          hex(*key) + (*key == kRsa ? "" : ": not RSA"));
 }
 
 // SHA-1 over the recovered bytes from the format to the end of the key or padding, then the
@@ -109,7 +107,7 @@ void hash(OdaStep& step, const Bytes& x, std::initializer_list<ByteSpan> parts,
     const std::size_t n = x.size();
     const ByteSpan carried = ByteSpan(x).subspan(n - 1 - kHashLength, kHashLength);
     if (!staticDataKnown) {
-        field(step, "Hash", hexOf(carried));
+        field(step, "Hash", hex(carried));
         check(step, "hash", std::nullopt,
               "the static data to be authenticated is incomplete: records are missing");
         return;
@@ -119,9 +117,9 @@ void hash(OdaStep& step, const Bytes& x, std::initializer_list<ByteSpan> parts,
     for (const ByteSpan part : parts)
         sha.update(part);
     const Sha1Digest computed = sha.finish();
-    field(step, "Hash", hexOf(carried));
+    field(step, "Hash", hex(carried));
     const bool ok = std::ranges::equal(computed, carried);
-    check(step, "hash", ok, ok ? "recomputed hash matches" : "recomputed " + hexOf(computed));
+    check(step, "hash", ok, ok ? "recomputed hash matches" : "recomputed " + hex(computed));
 }
 
 std::string monthText(int number) {
@@ -139,8 +137,8 @@ void expiry(OdaStep& step, ByteSpan mmyy, const CardContext& card) {
     const auto digits = paddedDigits(mmyy);
     const int mm = digits && digits->size() == 4 ? std::stoi(digits->substr(0, 2)) : 0;
     if (mm < 1 || mm > 12) {
-        field(step, "Expiry", hexOf(mmyy));
-        check(step, "expiry", false, hexOf(mmyy) + " is not a month (MMYY)");
+        field(step, "Expiry", hex(mmyy));
+        check(step, "expiry", false, hex(mmyy) + " is not a month (MMYY)");
         return;
     }
     const int certificate = monthNumber(std::stoi(digits->substr(2, 2)), mm);
@@ -212,7 +210,7 @@ Recovered issuerCertificate(const PublicKey& ca, ByteSpan certificate, Element r
     if (!x) return result;
     const ByteSpan bytes(*x);
     const auto identifier = paddedDigits(bytes.subspan(2, 4));
-    field(step, "Issuer identifier", identifier ? *identifier : hexOf(bytes.subspan(2, 4)));
+    field(step, "Issuer identifier", identifier ? *identifier : hex(bytes.subspan(2, 4)));
     if (!identifier || identifier->size() < 3) {
         check(step, "issuer identifier", false, "not 3 to 8 digits padded with F");
     } else if (card.cardNumber.empty()) {
@@ -223,7 +221,7 @@ Recovered issuerCertificate(const PublicKey& ca, ByteSpan certificate, Element r
               ok ? "the card number starts with it" : "the card number does not start with it");
     }
     expiry(step, bytes.subspan(6, 2), card);
-    field(step, "Serial number", hexOf(bytes.subspan(8, 3)));
+    field(step, "Serial number", hex(bytes.subspan(8, 3)));
     algorithms(step, bytes[11], bytes[12]);
     result.key = certifiedKey(step, bytes.subspan(15, bytes.size() - kIssuerOverhead), bytes[13],
                               bytes[14], remainder, exponent);
@@ -240,7 +238,7 @@ Recovered iccCertificate(const PublicKey& issuer, ByteSpan certificate, Element 
     if (!x) return result;
     const ByteSpan bytes(*x);
     const auto number = paddedDigits(bytes.subspan(2, 10));
-    std::string shown = number ? *number : hexOf(bytes.subspan(2, 10));
+    std::string shown = number ? *number : hex(bytes.subspan(2, 10));
     if (!card.showSensitive) CardDataPolicy::maskValue(0x5A, PaymentScheme::Any, shown);
     field(step, "Card number", shown);
     if (!number || number->empty()) {
@@ -253,7 +251,7 @@ Recovered iccCertificate(const PublicKey& issuer, ByteSpan certificate, Element 
               ok ? "the card's number" : "differs from the card number the records hold");
     }
     expiry(step, bytes.subspan(12, 2), card);
-    field(step, "Serial number", hexOf(bytes.subspan(14, 3)));
+    field(step, "Serial number", hex(bytes.subspan(14, 3)));
     algorithms(step, bytes[17], bytes[18]);
     result.key = certifiedKey(step, bytes.subspan(21, bytes.size() - kIccOverhead), bytes[19],
                               bytes[20], remainder, exponent);
@@ -269,7 +267,7 @@ OdaStep signedStaticData(const PublicKey& issuer, ByteSpan signature, Element st
     if (!x) return step;
     const ByteSpan bytes(*x);
     algorithms(step, bytes[2], std::nullopt);
-    field(step, "Data authentication code", hexOf(bytes.subspan(3, 2)));
+    field(step, "Data authentication code", hex(bytes.subspan(3, 2)));
     const bool padded = allPadding(bytes.subspan(5, bytes.size() - kStaticOverhead));
     check(step, "padding", padded, padded ? "all BB" : "not all BB");
     hash(step, *x, {orEmpty(staticData)}, staticData.has_value());
@@ -302,7 +300,7 @@ OdaStep signedDynamicData(const PublicKey& icc, ByteSpan signature, ByteSpan ter
           numberFits ? byteCount(numberLength)
                      : "its length " + std::to_string(numberLength) +
                            " is not 2 to 8 bytes within the dynamic data");
-    if (numberFits) field(step, "ICC dynamic number", hexOf(dynamic.subspan(1, numberLength)));
+    if (numberFits) field(step, "ICC dynamic number", hex(dynamic.subspan(1, numberLength)));
     if (cda && numberFits) {
         constexpr std::size_t kCidAcHash = 1 + 8 + kHashLength;
         const std::size_t at = 1 + numberLength;
@@ -311,21 +309,21 @@ OdaStep signedDynamicData(const PublicKey& icc, ByteSpan signature, ByteSpan ter
                   "too short for the CID, the cryptogram and the transaction data hash");
         } else {
             const std::uint8_t cid = dynamic[at];
-            field(step, "Cryptogram information data", hexOf(cid));
-            field(step, "Application cryptogram", hexOf(dynamic.subspan(at + 1, 8)));
+            field(step, "Cryptogram information data", hex(cid));
+            field(step, "Application cryptogram", hex(dynamic.subspan(at + 1, 8)));
             const ByteSpan carried = dynamic.subspan(at + 9, kHashLength);
-            field(step, "Transaction data hash", hexOf(carried));
+            field(step, "Transaction data hash", hex(carried));
             if (cda->cid) {
                 check(step, "CID", cid == *cda->cid,
                       cid == *cda->cid ? "as in the response"
-                                       : "the response says " + hexOf(*cda->cid));
+                                       : "the response says " + hex(*cda->cid));
             } else {
                 check(step, "CID", std::nullopt, "the response holds no 9F27");
             }
             const bool same = std::ranges::equal(carried, cda->transactionDataHash);
             check(step, "transaction data hash", same,
                   same ? "matches the hash of the PDOL and CDOL data and the response"
-                       : "recomputed " + hexOf(cda->transactionDataHash));
+                       : "recomputed " + hex(cda->transactionDataHash));
         }
     }
     hash(step, *x, {terminalData});

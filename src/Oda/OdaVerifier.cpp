@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "Certificates.hpp"
-#include "Codec/HexEncode.hpp"
 #include "Explain/DecoderParts.hpp"
 #include "vastrel/Codec/BerReader.hpp"
 #include "vastrel/Explain/FieldDecoders.hpp"
@@ -171,8 +170,6 @@ StaticData staticDataOf(const OdaInput& input, const ProcessingOptions& options,
     return data;
 }
 
-std::string hexOf(ByteSpan bytes) { return codec::hexUpper(bytes); }
-
 std::optional<int> transactionMonth(const std::optional<Bytes>& date) {
     if (!date || date->size() != 3) return std::nullopt;
     const auto yy = explain::smallBcdNumber(ByteSpan(*date).first(1), 99);
@@ -254,8 +251,8 @@ class Verification {
         if (!index || index->size() != 1) return "no CA public key index (8F) in the trace";
         const auto found = keys_.find(ByteSpan(input_.aid).first(5), (*index)[0]);
         if (found.empty()) {
-            return "CA key " + hexOf(ByteSpan(input_.aid).first(5)) + " " + hexOf(*index) +
-                   " is not in the key table";
+            return "CA key " + explain::hex(ByteSpan(input_.aid).first(5)) + " " +
+                   explain::hex(*index) + " is not in the key table";
         }
         return {};
     }
@@ -280,7 +277,7 @@ class Verification {
         if (isEcc(certificate->value, kFirstIssuerEcc, candidates.front()->modulus.size())) {
             OdaStep step;
             step.object = "issuer certificate";
-            step.fields = {{"Format", hexOf(certificate->value.first(1))}};
+            step.fields = {{"Format", explain::hex(certificate->value.first(1))}};
             step.checks = {{"algorithm", std::nullopt, "an ECC (XDA) certificate: not checked"}};
             issuerIndex_ = addStep(std::move(step), certificate->exchange);
             problem = issuerProblem_ =
@@ -350,10 +347,10 @@ class Verification {
     std::size_t addStep(OdaStep step, std::size_t exchange) {
         step.exchange = exchange;
         if (input_.aid.size() >= CaPublicKey::kRidLength) {
-            step.keyRid = hexOf(ByteSpan(input_.aid).first(5));
+            step.keyRid = explain::hex(ByteSpan(input_.aid).first(5));
         }
         if (const Element index = card_.value(kCaIndex); index && !index->empty()) {
-            step.keyIndex = hexOf(index->first(1));
+            step.keyIndex = explain::hex(index->first(1));
         }
         steps_.push_back(std::move(step));
         return steps_.size() - 1;
