@@ -208,6 +208,7 @@ Recovered issuerCertificate(const PublicKey& ca, ByteSpan certificate, Element r
     step.object = "issuer certificate";
     const auto x = open(ca, certificate, kIssuerFormat, kIssuerOverhead, step);
     if (!x) return result;
+    result.opened = true;
     const ByteSpan bytes(*x);
     const auto identifier = paddedDigits(bytes.subspan(2, 4));
     field(step, "Issuer identifier", identifier ? *identifier : hex(bytes.subspan(2, 4)));
@@ -236,6 +237,7 @@ Recovered iccCertificate(const PublicKey& issuer, ByteSpan certificate, Element 
     step.object = "icc certificate";
     const auto x = open(issuer, certificate, kIccFormat, kIccOverhead, step);
     if (!x) return result;
+    result.opened = true;
     const ByteSpan bytes(*x);
     const auto number = paddedDigits(bytes.subspan(2, 10));
     std::string shown = number ? *number : hex(bytes.subspan(2, 10));

@@ -36,6 +36,7 @@ struct CardContext {
 struct Recovered {
     OdaStep step;
     std::optional<PublicKey> key;
+    bool opened = false;  // the recovery gave header 6A and trailer BC: the right key
 };
 
 // An optional element: absent differs from empty.

@@ -286,19 +286,15 @@ class Verification {
         }
         std::optional<oda::Recovered> chosen;
         const CaPublicKey* chosenKey = nullptr;
-        bool chosenReads = false;
         for (const CaPublicKey* key : candidates) {
             oda::Recovered recovered = oda::issuerCertificate(
                 {key->modulus, key->exponent}, certificate->value, card_.value(kIssuerRemainder),
                 card_.value(kIssuerExponent), context_);
-            const bool reads = std::ranges::any_of(recovered.step.checks, [](const OdaCheck& c) {
-                return c.name == "header" && c.ok == true;
-            });
-            if (!chosen || (reads && !chosenReads)) {
+            if (!chosen || (recovered.opened && !chosen->opened)) {
                 chosen = std::move(recovered);
                 chosenKey = key;
-                chosenReads = reads;
             }
+            if (chosen->opened) break;  // the key that signed it
         }
         OdaStep& step = chosen->step;
         std::string keyName = chosenKey->name();
