@@ -192,7 +192,13 @@ std::string printableText(Value value) {
     return shown;
 }
 
-void text(Value value, Findings& out) { out.push_back("\"" + printableText(value) + "\""); }
+void text(Value value, Findings& out) {
+    // Built in steps: GCC 12 reports a false -Wrestrict on the chained form.
+    std::string shown = "\"";
+    shown += printableText(value);
+    shown += '"';
+    out.push_back(std::move(shown));
+}
 
 void applicationId(Value value, Findings& out) {
     if (value.size() < ApplicationIdentifier::kRidLength) {
